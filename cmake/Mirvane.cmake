@@ -1,0 +1,41 @@
+# What every target of the project shares: warnings as errors, exact floating point, sanitizers.
+
+add_library(mirvane_options INTERFACE)
+target_compile_options(mirvane_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+  -Woverloaded-virtual -Werror
+  # Scores are compared for ties: a fused multiply-add would round differently on some machines.
+  -ffp-contract=off)
+
+if(MIRVANE_SANITIZE)
+  target_compile_options(mirvane_options INTERFACE
+    -fsanitize=${MIRVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(mirvane_options INTERFACE -fsanitize=${MIRVANE_SANITIZE})
+endif()
+
+if(MIRVANE_COVERAGE)
+  target_compile_options(mirvane_options INTERFACE --coverage -O0)
+  target_link_options(mirvane_options INTERFACE --coverage)
+endif()
+
+# mirvane_library(NAME [SOURCES FILES...] [PUBLIC DEPS...] [PRIVATE DEPS...])
+# A static library, or a header-only one when no source is named; headers are included from src/.
+function(mirvane_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  if(ARG_SOURCES)
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE mirvane_options ${ARG_PRIVATE})
+  else()
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} INTERFACE ${ARG_PUBLIC})
+  endif()
+endfunction()
+
+# mirvane_program(NAME SOURCES FILES... [LINK DEPS...])
+function(mirvane_program name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE mirvane_options ${ARG_LINK})
+endfunction()

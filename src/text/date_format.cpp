@@ -1,0 +1,82 @@
+#include "text/date_format.h"
+
+#include <unicode/datefmt.h>
+#include <unicode/smpdtfmt.h>
+
+#include <cmath>
+#include <memory>
+
+#include "text/scalars.h"
+
+namespace mirvane::text {
+namespace {
+
+using std::chrono::milliseconds;
+
+UDate toUDate(DateTime instant) {
+  return static_cast<UDate>(std::chrono::floor<milliseconds>(instant).time_since_epoch().count());
+}
+
+std::string formatted(const icu::DateFormat& format, DateTime instant) {
+  icu::UnicodeString text;
+  format.format(toUDate(instant), text);
+  std::string result;
+  text.toUTF8String(result);
+  return result;
+}
+
+std::string formatted(const char* pattern, DateTime instant, const icu::TimeZone& zone) {
+  UErrorCode status = U_ZERO_ERROR;
+  icu::SimpleDateFormat format(icu::UnicodeString(pattern), icu::Locale::getRoot(), status);
+  format.setTimeZone(zone);
+  return formatted(format, instant);
+}
+
+/// Some locales put a narrow no-break space before AM and PM; a plain-text reader wants a space.
+std::string withPlainSpaces(const std::string& text) {
+  std::string result;
+  for (std::size_t position = 0; position < text.size();) {
+    const char32_t scalar = nextScalar(text, position);
+    appendScalar(result, isWhitespace(scalar) ? U' ' : scalar);
+  }
+  return result;
+}
+
+}  // namespace
+
+std::string mediumDateShortTime(DateTime instant) {
+  const std::unique_ptr<icu::DateFormat> format(
+      icu::DateFormat::createDateTimeInstance(icu::DateFormat::kMedium, icu::DateFormat::kShort));
+  return withPlainSpaces(formatted(*format, instant));
+}
+
+std::string clockTime(DateTime instant) {
+  const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createDefault());
+  return formatted("HH:mm:ss", instant, *zone);
+}
+
+std::string iso8601(DateTime instant) {
+  return formatted("yyyy-MM-dd'T'HH:mm:ss'Z'", instant, *icu::TimeZone::getGMT());
+}
+
+std::string iso8601Milliseconds(DateTime instant) {
+  return formatted("yyyy-MM-dd'T'HH:mm:ss.SSS'Z'", instant, *icu::TimeZone::getGMT());
+}
+
+std::optional<DateTime> parseIso8601(std::string_view text) {
+  for (const char* pattern : {"yyyy-MM-dd'T'HH:mm:ssXXX", "yyyy-MM-dd'T'HH:mm:ss.SSSXXX"}) {
+    UErrorCode status = U_ZERO_ERROR;
+    icu::SimpleDateFormat format(icu::UnicodeString(pattern), icu::Locale::getRoot(), status);
+    format.setLenient(false);
+    const auto source = icu::UnicodeString::fromUTF8(
+        icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
+    icu::ParsePosition position(0);
+    const UDate date = format.parse(source, position);
+    if (position.getErrorIndex() < 0 && position.getIndex() == source.length()) {
+      return DateTime(milliseconds(std::llround(date)));
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace mirvane::text
