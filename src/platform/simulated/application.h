@@ -35,6 +35,7 @@ class Application {
   /// afterwards if it had it.
   void closeElement(TextElement& element);
 
+  /// An element of another application changes nothing.
   void focus(TextElement& element);
   void dropFocus() { focused_.reset(); }
 
@@ -42,8 +43,6 @@ class Application {
   [[nodiscard]] std::shared_ptr<TextElement> focusedElement() const { return focused_.lock(); }
 
  private:
-  [[nodiscard]] std::vector<std::shared_ptr<TextElement>>::iterator find(TextElement& element);
-
   Description description_;
   std::vector<std::shared_ptr<TextElement>> elements_;
   std::weak_ptr<TextElement> focused_;

@@ -50,7 +50,7 @@ class Desktop {
   /// Runs all waiting tasks.
   void settle() { tasks_.runUntilIdle(); }
 
-  /// Lets time pass: a held key repeats, and tasks run after every repeat and at the end.
+  /// Lets time pass: waiting tasks run first, then a held key repeats and tasks run after each.
   void advance(double seconds) { advanceTo(clock_.monotonicSeconds() + seconds); }
   void advanceTo(double monotonicSeconds);
 

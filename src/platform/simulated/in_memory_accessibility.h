@@ -28,7 +28,7 @@ class InMemoryAccessibility : public Accessibility {
   [[nodiscard]] std::int64_t unitsRead() const;
 
  private:
-  friend class ElementHandle;
+  class Handle;
   struct Connection {
     bool isTrusted = true;
     std::int64_t unitsRead = 0;

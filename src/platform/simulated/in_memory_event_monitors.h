@@ -1,11 +1,10 @@
 #pragma once
 
 #include <cstddef>
-#include <map>
-#include <memory>
 #include <vector>
 
 #include "platform/event_monitors.h"
+#include "platform/simulated/monitor_list.h"
 
 namespace mirvane::simulated {
 
@@ -45,10 +44,8 @@ class InMemoryEventMonitors : public EventMonitors {
 
   std::optional<MonitorHandle> add(Registration registration, Handler handler);
 
-  /// By ascending handle, which is the order of installation.
-  std::map<MonitorHandle, std::shared_ptr<const Monitor>> monitors_;
+  MonitorList<Monitor> monitors_;
   std::vector<Registration> refused_;
-  std::uint64_t lastHandle_ = 0;
 };
 
 }  // namespace mirvane::simulated

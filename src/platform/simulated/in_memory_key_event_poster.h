@@ -31,7 +31,8 @@ class InMemoryKeyEventPoster : public KeyEventPoster {
  private:
   class Source;
 
-  void post(const SynthesizedKey& key, std::optional<std::int64_t> userData);
+  void post(const SynthesizedKey& key, std::int64_t userData);
+  void deliver(const SynthesizedKey& key, std::int64_t userData);
 
   EventDispatcher& dispatcher_;
   TaskQueue& tasks_;

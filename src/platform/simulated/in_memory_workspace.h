@@ -1,12 +1,12 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "platform/simulated/application.h"
+#include "platform/simulated/monitor_list.h"
 #include "platform/workspace.h"
 
 namespace mirvane::simulated {
@@ -43,8 +43,7 @@ class InMemoryWorkspace : public Workspace {
  private:
   std::vector<std::unique_ptr<Application>> applications_;
   Application* frontmost_ = nullptr;
-  std::map<MonitorHandle, std::function<void()>> observers_;
-  std::uint64_t lastHandle_ = 0;
+  MonitorList<std::function<void()>> observers_;
   std::vector<std::string> openedUrls_;
   bool isFrontmostHidden_ = false;
   bool refusesObservers_ = false;

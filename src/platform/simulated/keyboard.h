@@ -21,7 +21,7 @@ struct EventStamp {
 /// When a held key repeats, in seconds.
 struct AutomaticRepeat {
   double delay = 0.5;
-  double interval = 0.03;
+  double interval = 0.03;  ///< above 0
 };
 
 /// The hardware keyboard. Every operation delivers its event at once: monitors first, then the
@@ -33,7 +33,8 @@ class Keyboard {
 
   /// One key-down; it does not repeat by itself. Ends the repeat of another key.
   void press(const KeyStroke& key, EventStamp stamp = {});
-  /// A key-down that repeats from now on as time advances, until a key is released or pressed.
+  /// A key-down that repeats from now on as time advances, until it is released or another key is
+  /// pressed.
   void hold(const KeyStroke& key, AutomaticRepeat timing = {});
   /// A key-up. Ends the key's repeat.
   void release(const KeyStroke& key, EventStamp stamp = {});

@@ -12,9 +12,10 @@ namespace mirvane::simulated {
 
 enum class ElementKind {
   multiLine,
-  singleLine,  ///< line breaks that come in are dropped
-  password,    ///< secure input is on while it has the focus; its text cannot be read from outside
-  readOnly,    ///< keys and accessibility move the selection, nothing changes the text
+  singleLine,
+  password,  ///< one line; secure input is on while it has the focus; its text cannot be read from
+             ///< outside
+  readOnly,  ///< keys only move the caret; accessibility writes have no effect
   ignoresAccessibilityWrites,  ///< readable; writes of selection and text have no effect
   withoutAccessibility,        ///< keys work, accessibility does not know it
 };
@@ -27,6 +28,8 @@ class TextElement {
   explicit TextElement(ElementKind kind, std::string_view text = {});
 
   [[nodiscard]] ElementKind kind() const { return kind_; }
+  /// False for elements of one line, which drop line breaks.
+  [[nodiscard]] bool hasLines() const;
 
   [[nodiscard]] std::string text() const;
   [[nodiscard]] std::int64_t length() const { return text_.size(); }
@@ -65,7 +68,9 @@ class TextElement {
   [[nodiscard]] bool hasSelection() const { return anchor_ != caret_; }
   [[nodiscard]] std::u16string incoming(std::string_view text) const;
   [[nodiscard]] std::int64_t destination(Motion motion, Direction direction) const;
+  [[nodiscard]] std::int64_t selectionEdge(Direction direction) const;
   void erase(std::int64_t from, std::int64_t to);
+  void replaceRange(Utf16Range range, std::u16string_view replacement);
 
   ElementKind kind_;
   EditableText text_;
