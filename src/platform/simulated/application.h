@@ -14,7 +14,7 @@ namespace mirvane::simulated {
 class Application {
  public:
   struct Description {
-    std::optional<std::string> bundleIdentifier;
+    std::optional<std::string> bundleIdentifier = {};
     /// The application that the event monitors belong to: local monitors see its windows, global
     /// ones those of all others.
     bool isOwn = false;

@@ -39,7 +39,7 @@ bool isInsertable(std::string_view text) {
     const char32_t scalar = text::nextScalar(text, position);
     if (isFunctionOrControl(scalar) && !isLineBreak(scalar)) return false;
   }
-  return true;
+  return !text.empty();
 }
 
 bool moveCaret(const InputEvent& keyDown, TextElement& element) {
@@ -58,7 +58,7 @@ void insertTyped(const InputEvent& keyDown, TextElement& element) {
       return;
     case keycode::returnKey:
     case keycode::keypadEnter:
-      return element.insertLineBreak();
+      return element.insert("\n");
     case keycode::tab:
       if (element.hasLines()) element.insert("\t");
       return;

@@ -10,7 +10,7 @@ namespace mirvane::simulated {
 /// One way to strike a key: which key, with which modifiers, and the text it gives.
 struct KeyStroke {
   std::uint16_t keyCode = 0;
-  std::optional<std::string> text;
+  std::optional<std::string> text = {};
   std::uint64_t modifierFlags = 0;
 
   bool operator==(const KeyStroke&) const = default;

@@ -13,9 +13,9 @@ namespace mirvane::simulated {
 /// What an event may carry besides its key.
 struct EventStamp {
   /// Seconds since the system started; the clock's time when absent.
-  std::optional<double> timestamp;
+  std::optional<double> timestamp = {};
   /// For keys that another program synthesizes; hardware has none.
-  std::optional<std::int64_t> sourceUserData;
+  std::optional<std::int64_t> sourceUserData = {};
 };
 
 /// When a held key repeats, in seconds.

@@ -53,7 +53,9 @@ void TextElement::select(Utf16Range range) {
 }
 
 void TextElement::insert(std::string_view text) {
-  if (acceptsEdits()) replaceRange(selection(), incoming(text));
+  const auto units = incoming(text);
+  const bool isAllDropped = units.empty() && !text.empty();
+  if (acceptsEdits() && !isAllDropped) replaceRange(selection(), units);
 }
 
 void TextElement::deleteBackward() {

@@ -47,9 +47,9 @@ class TextElement {
   void select(Utf16Range range);
   void placeCaret(std::int64_t position) { select({position, 0}); }
 
-  /// Replaces the selection and leaves the caret behind. "\r\n" and "\r" come in as "\n".
+  /// Replaces the selection and leaves the caret behind. "\r\n" and "\r" come in as "\n"; a text
+  /// of nothing but line breaks has no effect in an element of one line.
   void insert(std::string_view text);
-  void insertLineBreak() { insert("\n"); }
   /// Deletes the selection, or the character (grapheme cluster) before the caret.
   void deleteBackward();
   /// Deletes the selection, or the character behind the caret.
