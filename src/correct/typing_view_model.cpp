@@ -181,8 +181,8 @@ void TypingViewModel::updateCurrentWord() {
 
 void TypingViewModel::computeSuggestions(const std::string& word, bool fromAccessibility) {
   const auto context = usesContextSignals_ && fromAccessibility ? contextSignals() : std::nullopt;
-  auto ranked = services_.suggestionEngine.suggestionsFor(word, context ? &*context : nullptr,
-                                                          *typingState_);
+  auto ranked =
+      services_.suggestionEngine.suggestionsFor(word, context ? &*context : nullptr, *typingState_);
   const auto length = text::characterCount(word);
   const bool hasWordOfEqualLength =
       std::any_of(ranked.begin(), ranked.end(),

@@ -22,10 +22,10 @@ struct RecordedEvent {
   Kind kind = Kind::down;
   double t = 0;  ///< seconds since the session began
   std::uint16_t keyCode = 0;
-  std::optional<std::string> text;
+  std::optional<std::string> text = {};
   std::uint64_t flags = 0;
-  std::string app;         ///< the application that became active
-  std::size_t index = 0;   ///< the chip that was picked
+  std::string app = {};        ///< the application that became active
+  std::size_t index = 0;  ///< the chip that was picked
 };
 
 /// The name of a kind as the file has it.

@@ -97,9 +97,8 @@ std::optional<std::string> parseParameters(const JsonFields::Element& value) {
 
 LexicalClass lexicalClassNamed(const std::string& name) {
   const auto lower = text::lowercased(name);
-  const auto* const found =
-      std::find_if(lexicalClasses.begin(), lexicalClasses.end(),
-                   [&](const auto& entry) { return entry.first == lower; });
+  const auto* const found = std::find_if(lexicalClasses.begin(), lexicalClasses.end(),
+                                         [&](const auto& entry) { return entry.first == lower; });
   return found == lexicalClasses.end() ? LexicalClass::other : found->second;
 }
 
@@ -112,8 +111,10 @@ Recording parseRecordingHeader(const JsonFields& fields) {
   recording.session = required(fields.whole("session", 1, 2), "session");
   recording.prompt = required(fields.string("prompt"), "prompt");
   if (const auto value = fields.find("parameters")) recording.parameters = parseParameters(*value);
-  if (const auto language = fields.object("language")) recording.language = parseLanguage(*language);
-  if (const auto settings = fields.object("settings")) recording.settings = parseSettings(*settings);
+  if (const auto language = fields.object("language"))
+    recording.language = parseLanguage(*language);
+  if (const auto settings = fields.object("settings"))
+    recording.settings = parseSettings(*settings);
   if (const auto field = fields.object("field")) recording.field = parseField(*field);
   recording.end = fields.number("end");
   return recording;

@@ -22,8 +22,7 @@ void declare(CLI::App& app, Options& options) {
   app.add_option("recordings", options.files, "Recording of session 1 and, if any, of session 2")
       ->expected(1, 2);
   app.add_flag("--json", options.isJson, "Print texts, counters and logs as one JSON object");
-  app.add_option("--start", options.start,
-                 "When the first session begins, as 2026-11-16T20:10:58Z")
+  app.add_option("--start", options.start, "When the first session begins, as 2026-11-16T20:10:58Z")
       ->capture_default_str();
   app.add_option("--trace", options.traced,
                  "Print what the engine thinks after every event of this recording");

@@ -32,8 +32,8 @@ TypingConfig typingConfigOf(const Recording& recording, ShippedResources& shippe
 }
 
 Clock::DateTime secondsAfter(Clock::DateTime start, double seconds) {
-  return start + std::chrono::round<Clock::DateTime::duration>(
-                     std::chrono::duration<double>(seconds));
+  return start +
+         std::chrono::round<Clock::DateTime::duration>(std::chrono::duration<double>(seconds));
 }
 
 VocabularyTable tableOf(const RecordedLanguage::Weights& weights) {

@@ -157,8 +157,7 @@ std::string jsonOf(const ReplayedStudy& study) {
   return Json{{"sessions", sessions}}.dump(2);
 }
 
-std::string traceOf(const Recording& recording, ShippedResources& shipped,
-                    Clock::DateTime start) {
+std::string traceOf(const Recording& recording, ShippedResources& shipped, Clock::DateTime start) {
   RecordedSession session(recording, shipped, start);
   std::string lines;
   for (const auto& event : recording.events) {
