@@ -68,7 +68,7 @@ TEST(CommandLine, ExplainsWrongCalls) {
       {"mirvane-replay --start yesterday " + sample, "--start: not an instant"},
       {"mirvane-typist --seed 1 --session 3", "--session"},
       {"mirvane-typist --session 1", "--seed"},
-      {"mirvane-evaluate", "Requires exactly 1"},
+      {"mirvane-evaluate", "Exactly 1 option"},
       {"mirvane-evaluate --words nowhere.txt", "nowhere.txt: cannot be read"},
   };
   for (const auto& row : rows) {
