@@ -33,34 +33,24 @@ std::string shown(const TypedWordBuffer& buffer) {
 TEST(TypedWordBuffer, AssemblesWords) {
   const std::pair<const char*, const char*> rows[] = {
       {"helo ", " after helo "},
-      {"helo", "helo"},
-      {"Hi", "Hi"},
-      {"abc1", "abc1"},
+      {"Hi1", "Hi1"},
       {"don't,", " after don't,"},
       {"one two", "two after one "},
       {"one two.", " after two."},
       {"one\n", " after one\r"},
       {"one\u3000", " after one\u3000"},
-      {"one, ", ""},
-      {"one  ", ""},
-      {" ", ""},
       {"ab\bc", "ac"},
-      {"ab\b\b\b", ""},
-      {"helo \b", ""},
       {"helo \bx", "x"},
       {"one tw\b", "t after one "},
       {"one t\b", " after one "},
-      {"one t\b\b", ""},
       {"e\u0301t", "e\u0301t"},
       {"ne\u0301\b", "n"},
-      {"x-", ""},
-      {"one x@", ""},
-      {"x\u00e9", ""},
-      {"x\u2019", ""},
-      {"one 日", ""},
-      {"one 😀x", "x"},
   };
   for (const auto& [text, expected] : rows) EXPECT_EQ(shown(typed(text)), expected) << text;
+  for (const char* text : {" ", "one, ", "one  ", "ab\b\b\b", "helo \b", "one t\b\b", "x-",
+                           "one x@", "x\u00e9", "x\u2019", "one 日", "one 😀"}) {
+    EXPECT_EQ(shown(typed(text)), "") << text;
+  }
 }
 
 TEST(TypedWordBuffer, ForgetsBothWordsAtKeysThatLeaveTheWord) {
@@ -79,6 +69,9 @@ TEST(TypedWordBuffer, ForgetsBothWordsAtKeysThatLeaveTheWord) {
     strike(buffer, "\b", deleteKey, flag);
     EXPECT_EQ(shown(buffer), "") << "Backspace with " << flag;
   }
+  auto buffer = typed("one two");
+  strike(buffer, "´e", 0);
+  EXPECT_EQ(shown(buffer), "") << "two characters at once";
 }
 
 TEST(TypedWordBuffer, KeepsTheWordAtKeysWithoutTextAndWithCapsLock) {
@@ -87,14 +80,6 @@ TEST(TypedWordBuffer, KeepsTheWordAtKeysWithoutTextAndWithCapsLock) {
   strike(buffer, "", keycode::forwardDelete);
   strike(buffer, "O", 31, modifier::capsLock | modifier::shift);
   EXPECT_EQ(shown(buffer), "twO after one ");
-}
-
-TEST(TypedWordBuffer, ForgetsBothWordsAtSeveralCharactersAtOnce) {
-  for (const char* text : {"ab", "´e", ", ", "😀😀"}) {
-    auto buffer = typed("one two");
-    strike(buffer, text, 0);
-    EXPECT_EQ(shown(buffer), "") << text;
-  }
 }
 
 TEST(TypedWordBuffer, TakesOverWhatACorrectionPutThere) {

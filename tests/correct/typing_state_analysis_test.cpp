@@ -32,8 +32,6 @@ TEST(TypingState, IsNeutralWithoutEvents) {
   EXPECT_FALSE(state.isRepeating || state.isHesitating || state.isLongPressing);
   EXPECT_EQ(state.typingScore, 0);
   EXPECT_EQ(state.motorPrior, 0);
-  EXPECT_FALSE(isHesitating({}, config) || hasRecentRepeats({}, config));
-  EXPECT_EQ(averageRecentGap({}), 0);
 }
 
 TEST(TypingState, HesitatesAtALongGapForThisTypist) {

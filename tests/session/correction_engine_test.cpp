@@ -65,19 +65,6 @@ TEST(CorrectionEngine, CountsCharactersAndWords) {
   }
 }
 
-TEST(CorrectionEngine, CountsCorrectionsByTheirType) {
-  const std::pair<const char*, std::vector<std::int64_t>> rows[] = {
-      {"auto-repeat", {0, 0, 1, 0, 0, 0, 1}},   {"auto-nearby", {0, 0, 1, 0, 0, 1, 0}},
-      {"auto-other", {0, 0, 1, 0, 0, 0, 0}},    {"manual", {0, 0, 0, 1, 0, 0, 0}},
-      {"nearby-repeat", {0, 0, 1, 0, 0, 0, 1}}, {"auto-Repeat", {0, 0, 1, 0, 0, 0, 0}},
-  };
-  for (const auto& [type, expected] : rows) {
-    SimulatedSession session;
-    report(*session, type);
-    EXPECT_EQ(counters(*session), expected) << type;
-  }
-}
-
 TEST(CorrectionEngine, LogsTheIndexOfTheWordThatWasMeant) {
   SimulatedSession session;
   report(*session, "auto-nearby");
