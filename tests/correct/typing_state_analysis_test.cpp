@@ -76,17 +76,13 @@ TEST(MotorPrior, AddsHoldTimesVariabilityAndRepeats) {
   const Times irregular{20, 380, 20, 380, 20, 380};  // mean 200, deviation 180
   const Times uneven{100, 300, 100, 300, 100, 300};  // coefficient of variation 0.5
   const auto holding = [](const Times& holds) { return presses({}, holds); };
+  Times late(20, none);
+  late.push_back(999);
   const PriorCase rows[] = {
       {"upper middle hold time", holding({170, 90, 160, 150}), 0.5},
       {"half way between the groups", holding({none, 123.5, none}), 0.25},
       {"as fast as the control group", holding({95, 60, 95}), 0},
-      {"21st hold time",
-       [&] {
-         Times holds(20, none);
-         holds.push_back(999);
-         return holding(holds);
-       }(),
-       0},
+      {"hold time of the 21st press", holding(late), 0},
       {"full variability", presses(irregular), 0.3},
       {"half variability", presses(uneven), 0.15},
       {"four irregular gaps", presses({20, 380, none, 20, 380}), 0},
@@ -111,22 +107,12 @@ TEST(MotorPrior, SurvivesMediansThatAreTheSame) {
 }
 
 TEST(Feedback, PrefersRepeatsUnlessTheTypingIsSlow) {
-  struct Row {
-    bool isRepeating, isHesitating;
-    double score;
-    std::optional<FeedbackType> feedback;
-  };
-  const Row rows[] = {
-      {true, true, 1600, FeedbackType::hesitationDetected},
-      {true, true, 1500, FeedbackType::repeatDetected},
-      {true, false, 1600, FeedbackType::repeatDetected},
-      {false, true, 100, FeedbackType::hesitationDetected},
-      {false, false, 1600, std::nullopt},
-  };
-  for (const auto& [isRepeating, isHesitating, score, feedback] : rows) {
-    SCOPED_TRACE(score);
-    EXPECT_EQ(derivedFeedbackType(isRepeating, isHesitating, score, config), feedback);
-  }
+  using enum FeedbackType;
+  EXPECT_EQ(derivedFeedbackType(true, true, 1600, config), hesitationDetected);
+  EXPECT_EQ(derivedFeedbackType(true, true, 1500, config), repeatDetected);
+  EXPECT_EQ(derivedFeedbackType(true, false, 1600, config), repeatDetected);
+  EXPECT_EQ(derivedFeedbackType(false, true, 100, config), hesitationDetected);
+  EXPECT_EQ(derivedFeedbackType(false, false, 1600, config), std::nullopt);
 }
 
 }  // namespace
