@@ -21,10 +21,6 @@ class UserSettingsTest : public testing::Test {
  protected:
   UserSettings launched() { return {defaults, workspace}; }
 
-  void activate(std::optional<std::string> identifier) {
-    workspace.activate(workspace.addApplication({std::move(identifier), false}));
-  }
-
   simulated::InMemoryUserDefaults defaults;
   simulated::InMemoryWorkspace workspace;
 };
@@ -95,8 +91,9 @@ TEST_F(UserSettingsTest, StoreEveryAssignmentAndAnnounceChanges) {
 TEST_F(UserSettingsTest, AllowWordsInAnyLetterCase) {
   auto settings = launched();
   settings.setAllowList({"Helo", "ÉTÉ", "👩‍💻"});
-  for (const char* word : {"hELO", "e\u0301té", "👩‍💻"})
-    EXPECT_TRUE(settings.isAllowListed(word));
+  for (const char* word : {"hELO", "e\u0301té", "👩‍💻"}) {
+    EXPECT_TRUE(settings.isAllowListed(word)) << word;
+  }
   for (const char* word : {"hello", "ete", "👩", ""}) EXPECT_FALSE(settings.isAllowListed(word));
 }
 
@@ -104,11 +101,12 @@ TEST_F(UserSettingsTest, DisableApplicationsByTheirExactIdentifier) {
   auto settings = launched();
   settings.setDisabledAppBundleIDs({"com.example.Editor"});
   EXPECT_FALSE(settings.isFrontmostAppDisabled()) << "nothing is in front";
-  activate(std::nullopt);
+  auto& application = workspace.addApplication({});
+  workspace.activate(application);
   EXPECT_FALSE(settings.isFrontmostAppDisabled());
-  activate("com.example.editor");
+  application.setBundleIdentifier("com.example.editor");
   EXPECT_FALSE(settings.isFrontmostAppDisabled());
-  activate("com.example.Editor");
+  application.setBundleIdentifier("com.example.Editor");
   EXPECT_TRUE(settings.isFrontmostAppDisabled());
   EXPECT_FALSE(settings.isCorrectionActive());
   workspace.setFrontmostHidden(true);
