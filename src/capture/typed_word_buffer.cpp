@@ -38,8 +38,8 @@ bool CompletedTypedWord::operator==(const CompletedTypedWord& other) const {
 }
 
 void TypedWordBuffer::handle(const KeyEvent& event) {
-  const bool leavesTheWord = isChord(event) || isNavigationKey(event.keyCode) ||
-                             event.keyCode == keycode::escape;
+  const bool leavesTheWord =
+      isChord(event) || isNavigationKey(event.keyCode) || event.keyCode == keycode::escape;
   if (leavesTheWord) return reset();
   if (event.keyCode == keycode::deleteKey) return deleteBackward();
   if (event.inputText.empty()) return;
