@@ -34,13 +34,6 @@ TEST_F(Replacement, WithATargetHappensInPlace) {
   EXPECT_TRUE(desktop.poster().posted().empty());
 }
 
-TEST_F(Replacement, OfCycledTextLeavesTheCaretBehindTheWholeText) {
-  const auto& element = desktop.openElement(ElementKind::multiLine, "helo there 😀");
-  replacement.replaceCycledText("helo", " ", "hello", targetOf({0, 4}));
-  EXPECT_EQ(element.text(), "hello there 😀");
-  EXPECT_EQ(element.caret(), 14);
-}
-
 TEST_F(Replacement, WithoutATargetTypesBackspacesAndThenTheTextAsOneKey) {
   const auto& element = desktop.openElement(ElementKind::withoutAccessibility, "say helo ");
   EXPECT_EQ(replacement.replaceFinishedWord("helo", " ", "hello", std::nullopt),
@@ -68,16 +61,6 @@ TEST_F(Replacement, CountsBackspacesInUtf16Units) {
   replacement.replaceCycledText("one", ",", "two", std::nullopt);
   EXPECT_EQ(desktop.poster().posted().size(), 2U * 4 + 2);
   EXPECT_EQ(desktop.poster().posted().back().text, "two,");
-}
-
-TEST_F(Replacement, MarksItsKeys) {
-  desktop.openElement(ElementKind::withoutAccessibility);
-  std::vector<std::optional<std::int64_t>> marks;
-  (void)desktop.monitors().addGlobalMonitor(
-      EventMask::keyDown, [&](const InputEvent& event) { marks.push_back(event.sourceUserData); });
-  EXPECT_TRUE(replacement.sendKeystrokes(1, "x"));
-  desktop.settle();
-  EXPECT_THAT(marks, testing::ElementsAre(syntheticEventMarker, syntheticEventMarker));
 }
 
 TEST_F(Replacement, TypesNothingWhereThereIsNothingToTypeOrItMayNot) {

@@ -62,18 +62,6 @@ TEST_F(Confidence, DependsOnTheKindOfError) {
   }
 }
 
-TEST(SingleInsertionOrDeletion, AllowsOneCharacterOfDifference) {
-  EXPECT_TRUE(isSingleInsertionOrDeletion("helo", "hello"));
-  EXPECT_TRUE(isSingleInsertionOrDeletion("ello", "hello"));
-  EXPECT_TRUE(isSingleInsertionOrDeletion("hello", "hell"));
-  EXPECT_TRUE(isSingleInsertionOrDeletion("hello", "hallo"));
-  EXPECT_TRUE(isSingleInsertionOrDeletion("", "é"));
-  EXPECT_FALSE(isSingleInsertionOrDeletion("hello", "hello"));
-  EXPECT_FALSE(isSingleInsertionOrDeletion("hello", "hel"));
-  EXPECT_FALSE(isSingleInsertionOrDeletion("hello", "holl"));
-  EXPECT_FALSE(isSingleInsertionOrDeletion("helo", "ehlo"));
-}
-
 TEST(AutoApply, FallsWithTheMotorPriorWithinTheBounds) {
   const AutoApplyThreshold bounds;
   EXPECT_DOUBLE_EQ(autoApplyThreshold(0, bounds), 0.85);

@@ -65,22 +65,5 @@ TEST(CompletedWord, IsMissingWithoutBoundaryOrWord) {
   EXPECT_EQ(look(lastCompletedWordBeforeCaret, "helo -"), std::nullopt);
 }
 
-TEST(CompletedWord, IsBoundedByWholeCharacters) {
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "helo \u0301"), (Found{"helo", {0, 4}}))
-      << "a space with a combining mark is a boundary character";
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "one\u0301 "), (Found{"one\u0301", {0, 4}}));
-}
-
-TEST(FocusedText, CannotBeReadWithoutFocusTrustOrText) {
-  simulated::Desktop desktop;
-  EXPECT_FALSE(readFocusedTextState(desktop.accessibility()));
-  desktop.openElement(ElementKind::password, "secret ");
-  EXPECT_FALSE(readFocusedTextState(desktop.accessibility()));
-  desktop.openElement(ElementKind::multiLine, "plain ");
-  EXPECT_TRUE(readFocusedTextState(desktop.accessibility()));
-  desktop.accessibility().setTrusted(false);
-  EXPECT_FALSE(readFocusedTextState(desktop.accessibility()));
-}
-
 }  // namespace
 }  // namespace mirvane

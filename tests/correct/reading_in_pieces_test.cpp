@@ -180,15 +180,5 @@ TEST(ReadingInPiecesThatFails, GivesNoWordWhenTheTextHasShrunkMeanwhile) {
   EXPECT_FALSE(readTextAroundCaret(*readFocusedTextState(desktop), 7));
 }
 
-TEST(ReadingInPiecesThatFails, NeedsTheCaretWithinTheText) {
-  const OneElement desktop(u"helo ");
-  for (const std::int64_t caret : {-1, 0, 6}) {
-    desktop.element->selection = {caret, 0};
-    EXPECT_EQ(rangeOf(currentWordBeforeCaret(desktop)), none) << caret;
-    EXPECT_EQ(rangeOf(lastCompletedWordBeforeCaret(desktop)), none) << caret;
-    EXPECT_EQ(readTextAroundCaret(*readFocusedTextState(desktop), 7)->text, "helo ") << caret;
-  }
-}
-
 }  // namespace
 }  // namespace mirvane

@@ -83,15 +83,6 @@ TEST_F(Cycler, ReportsEveryStepBeforeTheDocumentChanges) {
   EXPECT_THAT(steps, ElementsAre("hello>help in hello ", "help>held in help "));
 }
 
-TEST_F(Cycler, LogsStepsWithTheirConfidence) {
-  const auto& element = open();
-  session.desktop.type("helo ");
-  textsOfSteps(element, 4);
-  EXPECT_THAT(session.log(),
-              ElementsAre("helo>hello auto-other 0.85", "hello>help cycle 0.00",
-                          "help>held cycle 0.00", "held>helo cycle 0.00", "helo>hello cycle 0.85"));
-}
-
 TEST_F(Cycler, DoesNothingWithoutARecordOrWithCorrectionsOff) {
   const auto& element = open();
   EXPECT_FALSE(session.cycle());
@@ -104,16 +95,6 @@ TEST_F(Cycler, DoesNothingWithoutARecordOrWithCorrectionsOff) {
   EXPECT_EQ(element.text(), "hello ");
   EXPECT_TRUE(session.cycler().record);
   EXPECT_EQ(session.engine.measurements().cycleKeyCount, 0);
-}
-
-TEST_F(Cycler, WithoutCandidatesShowsTheTypedWord) {
-  open(ElementKind::withoutAccessibility);
-  session.cycler().record = {"helo", {}, std::nullopt, "hello", " ", std::nullopt};
-  for (int i = 0; i < 2; ++i) {
-    EXPECT_TRUE(session.cycle());
-    EXPECT_EQ(session.cycler().record->currentText, "helo");
-    EXPECT_FALSE(session.cycler().record->currentIndex);
-  }
 }
 
 }  // namespace

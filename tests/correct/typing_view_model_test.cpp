@@ -97,26 +97,12 @@ TEST_F(TypingViewModelTest, KeepsTheRecordThroughBoundariesUntilTheNextOtherKey)
   EXPECT_FALSE(session.cycler().record);
 }
 
-TEST_F(TypingViewModelTest, DiscardsTheRecordForKeysWithoutText) {
-  open();
-  type("helo ");
-  session.desktop.strike({keycode::leftArrow, std::nullopt, 0});
-  EXPECT_FALSE(session.cycler().record);
-}
-
 TEST_F(TypingViewModelTest, CorrectsAtReturnAndApostrophe) {
   const auto& element = open();
   type("helo\nhelo' teh\n");
   EXPECT_EQ(element.text(), "hello\nhello' the\n");
   EXPECT_EQ(element.caret(), element.length());
   EXPECT_EQ(session.log().size(), 3U);
-}
-
-TEST_F(TypingViewModelTest, RemembersTheApostropheThatEndedTheWord) {
-  open();
-  type("helo'");
-  EXPECT_EQ(buffer().lastCompletedWord(), (CompletedTypedWord{"hello", "'"}));
-  EXPECT_EQ(buffer().currentWord(), "");
 }
 
 TEST_F(TypingViewModelTest, CountsPositionsBehindEmojiAndMarksInUtf16) {
@@ -154,34 +140,12 @@ TEST_F(TypingViewModelTest, LeavesEverythingAloneWhenSwitchedOffOrInADisabledApp
   EXPECT_EQ(element.text(), "helo helo hello ");
 }
 
-TEST_F(TypingViewModelTest, ForgetsTheWordWhenSwitchedOffInMidWord) {
-  open();
-  type("helo");
-  EXPECT_EQ(session.viewModel().typingInfo()->word, "helo");
-  EXPECT_TRUE(*session.viewModel().cachedAXTargetForCurrentWord());
-  session.settings.setIsAutoCorrectionEnabled(false);
-  type("w");
-  EXPECT_EQ(session.viewModel().typingInfo()->word, "");
-  EXPECT_FALSE(*session.viewModel().cachedAXTargetForCurrentWord());
-}
-
 TEST_F(TypingViewModelTest, NeverTouchesOrOffersAnAllowedWord) {
   const auto& element = open();
   session.settings.setAllowList({"HELO"});
   type("Helo ");
   EXPECT_EQ(element.text(), "Helo ");
   EXPECT_FALSE(session.cycler().record);
-}
-
-TEST_F(TypingViewModelTest, ShowsTheRankedSuggestionsOfTheWordAtTheCaret) {
-  open("say ");
-  type("helo");
-  const auto& info = *session.viewModel().typingInfo();
-  EXPECT_EQ(info.word, "helo");
-  EXPECT_TRUE(info.showSuggestions);
-  EXPECT_THAT(info.suggestions, ElementsAre("hello", "help", "held", "halo"));
-  type("\b\b\b\bxx");
-  EXPECT_THAT(session.viewModel().typingInfo()->suggestions, IsEmpty());
 }
 
 TEST_F(TypingViewModelTest, KeepsTheNearbyKeyFeedbackOnceAWordOfEqualLengthWasFound) {

@@ -66,15 +66,6 @@ TEST_F(UnusualFields, LosingAccessibilityInMidWordAreCorrectedByKeys) {
   EXPECT_FALSE(session.cycler().record->axTarget);
 }
 
-TEST_F(UnusualFields, LosingAccessibilityBetweenWordAndCycleStepKeepTheirText) {
-  const auto& element = open(ElementKind::multiLine);
-  session.desktop.type("helo ");
-  session.desktop.accessibility().setTrusted(false);
-  EXPECT_TRUE(session.cycle());
-  EXPECT_EQ(element.text(), "hello ");
-  EXPECT_EQ(session.postedBackspaces(), 0);
-}
-
 TEST_F(UnusualFields, ForPasswordsAreNeverTypedInto) {
   const auto& own = open(ElementKind::password, true);
   session.desktop.type("helo ");

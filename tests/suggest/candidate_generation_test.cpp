@@ -6,6 +6,7 @@
 #include "model/user_settings.h"
 #include "platform/simulated/in_memory_user_defaults.h"
 #include "platform/simulated/in_memory_workspace.h"
+#include "suggest/repeat_variants.h"
 #include "support/scripted_english.h"
 
 namespace mirvane {
@@ -29,6 +30,14 @@ Texts candidates(const std::string& word, const Script& script, const Texts& all
   return CandidateGeneration(spellChecker, knownWords, nearbyKeys).generateCandidates(word);
 }
 
+TEST(RepeatCollapseVariants, StartWithTheWordAndTakeTheSingleLetterFirst) {
+  EXPECT_THAT(repeatCollapseVariants(""), IsEmpty());
+  EXPECT_THAT(repeatCollapseVariants("helllo"), ElementsAre("helllo", "helo", "hello"));
+  EXPECT_THAT(repeatCollapseVariants("book"), ElementsAre("book"));
+  EXPECT_THAT(repeatCollapseVariants("aabb"), ElementsAre("aabb", "ab", "abb", "aab"));
+  EXPECT_THAT(repeatCollapseVariants("xéé"), ElementsAre("xéé", "xé"));
+}
+
 TEST(Candidates, OfAKnownWordStartWithItInLowerCase) {
   const Script script{{"the", "then", "The"}, {{"the", {"then"}}}, {{"the", {"The", "then"}}}};
   EXPECT_THAT(candidates("the", script), ElementsAre("the", "The", "then"));
@@ -40,18 +49,6 @@ TEST(Candidates, ComeFromCompletionsThenGuessesThenEdits) {
       {"tehran", "the", "tea", "ten"}, {{"teh", {"the", "ten"}}}, {{"teh", {"tehran", "the"}}}};
   EXPECT_THAT(candidates("teh", script), ElementsAre("tehran", "the", "ten"));
   EXPECT_THAT(candidates("tez", script), ElementsAre("tea"));
-}
-
-TEST(Candidates, OfRepeatedLettersAreThoseOfEveryVariant) {
-  const Script script{{"hello", "helot"}, {{"helllo", {"hallo"}}, {"helo", {"helot"}}}, {}};
-  EXPECT_THAT(candidates("helllo", script), ElementsAre("helot", "hello"))
-      << "an unknown guess is dropped; the variants come in their order";
-}
-
-TEST(Candidates, TryNeighbouringKeys) {
-  EXPECT_THAT(candidates("rhe", {{"the", "rhw"}, {}, {}}), ElementsAre("the", "rhw"));
-  EXPECT_THAT(candidates("xaterpillae", {{"caterpillae", "xaterpillar"}, {}, {}}),
-              ElementsAre("caterpillae", "xaterpillar"));
 }
 
 TEST(Candidates, TryInsertedLettersInWordsOfUpToEight) {
@@ -68,11 +65,6 @@ TEST(Candidates, TryVowelPairsInWordsOfUpToSixWithoutVowels) {
   EXPECT_THAT(candidates("bzkxbz", {{"bazkixbz"}, {}, {}}), ElementsAre("bazkixbz"));
   EXPECT_THAT(candidates("bzkxbzk", {{"bazkixbzk"}, {}, {}}), IsEmpty());
   EXPECT_THAT(candidates("bka", {{"bookza", "bookaa"}, {}, {}}), IsEmpty());
-}
-
-TEST(Candidates, OfAKnownWordHoldNoEdits) {
-  EXPECT_THAT(candidates("ten", {{"ten", "the", "tent"}, {}, {}}), ElementsAre("ten"));
-  EXPECT_THAT(candidates("ten", {{"tent"}, {}, {}}, {"TEN"}), ElementsAre("ten"));
 }
 
 TEST(Candidates, NeverEndInAPossessive) {
@@ -93,11 +85,6 @@ TEST(Candidates, OfAnAllowedWordStartWithItAndHoldNoOtherCapitalsOfIt) {
   EXPECT_THAT(candidates("MirvA", script, {"mIrva"}), ElementsAre("mirva", "mirror"));
   EXPECT_THAT(candidates("mirbor", script, {"mirvor"}), ElementsAre("mirvor"))
       << "an allowed word is a candidate of others";
-}
-
-TEST(Candidates, OccurOnceButInSeveralCapitals) {
-  const Script script{{"the"}, {{"teh", {"The", "the", "The"}}}, {{"teh", {"the"}}}};
-  EXPECT_THAT(candidates("teh", script), ElementsAre("the", "The"));
 }
 
 }  // namespace

@@ -51,11 +51,6 @@ TEST(ContextSignals, ReachSixWordsToEachSide) {
               ElementsAre("b", "c", "d", "e", "f", "g", "i", "j", "k", "l", "m", "n"));
 }
 
-TEST(ContextSignals, ClampTheCaretToTheText) {
-  EXPECT_EQ(signalsAt("one two", 1000).prevWord, "one");
-  EXPECT_EQ(signalsAt("one two", -5).nextWord, "one");
-}
-
 TEST(ContextSignals, CountTheCaretInUtf16Units) {
   const std::string before = "😀 é two thr";
   EXPECT_EQ(signalsAt(before + "ee four", text::utf16Length(before)).prevWord, "two");

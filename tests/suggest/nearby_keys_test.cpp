@@ -15,18 +15,6 @@ TypingConfig configWith(NearbyKeyTable table) {
   return config;
 }
 
-TEST(NearbyKeys, WithoutATableFollowTheBuiltInLayout) {
-  const TypingConfig config;
-  const NearbyKeys keys(config);
-  EXPECT_THAT(keys.nearbyKeyNeighbors("q"), ElementsAre("w", "a"));
-  EXPECT_THAT(keys.nearbyKeyNeighbors("s"), ElementsAre("a", "w", "e", "d", "z", "x"));
-  EXPECT_THAT(keys.nearbyKeyNeighbors("m"), ElementsAre("n", "j", "k"));
-  for (const char* other : {"Q", "1", "'", "é", ""}) {
-    EXPECT_THAT(keys.nearbyKeyNeighbors(other), IsEmpty()) << other;
-  }
-  EXPECT_EQ(keys.nearbyKeyProbability("q", "w"), 0);
-}
-
 TEST(NearbyKeys, FollowTheTableByFallingProbabilityAndKeepItsOrderOfTies) {
   const auto config = configWith(
       {{"q", {{"x", 0.1}, {"a", 0.3}, {"y", 0.1}, {"z", 0.2}}}, {"é", {{"e", 0.4}}}, {"W", {}}});

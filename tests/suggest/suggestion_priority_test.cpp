@@ -79,14 +79,6 @@ TEST_F(Ranking, RecognisesKindsOfErrors) {
   }
 }
 
-TEST_F(Ranking, TakesRepeatsBackWhenTheTypistRepeatsOrTheWordShowsIt) {
-  const TypingState repeating{.isRepeating = true};
-  EXPECT_NEAR(score("bagg", "bag", &repeating), 0.35 * 3 / 4, 1e-12) << "gg may be meant";
-  EXPECT_NEAR(score("bbag", "bag", &repeating), 2.2 + 0.35 / 4, 1e-12);
-  EXPECT_NEAR(score("bbag", "bag"), 0.35 / 4, 1e-12);
-  EXPECT_NEAR(score("baggg", "bag"), 2.2 + 0.35 * 3 / 5, 1e-12);
-}
-
 TEST_F(Ranking, WeighsMotorAndSpellingByTheMotorPrior) {
   constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
   const struct {
@@ -107,14 +99,6 @@ TEST_F(Ranking, PutsTheBestFirstAndKeepsTheOrderOfTies) {
   EXPECT_THAT(rank("zzq", {"ba", "ab", "the", "ten"}), ElementsAre("ba", "ab", "the", "ten"));
   EXPECT_THAT(rank("", {"b", "a"}), ElementsAre("b", "a"));
   EXPECT_THAT(rank("teh", {}), IsEmpty());
-}
-
-TEST_F(Ranking, ListensToTheContextOnlyWhenThereIsOne) {
-  const ContextSignals context;
-  EXPECT_THAT(priority.rankSuggestions("teh", {"the", "ten"}, &context, nullptr),
-              ElementsAre("ten", "the"));
-  EXPECT_THAT(priority.rankSuggestions("teh", {"the", "ten"}, nullptr, nullptr),
-              ElementsAre("the", "ten"));
 }
 
 TEST(Suggestions, AreLedByTheWordItselfWhenItIsKnown) {

@@ -46,13 +46,6 @@ TEST(VocabularyTable, IsLookedForInTheFolderAndThenAtTheTopLevel) {
   EXPECT_EQ(loadVocabularyTable(bundle, "words").weight("a"), 2);
 }
 
-TEST(VocabularyTable, StaysEmptyWhenTheResourceOfTheFolderCannotBeRead) {
-  simulated::InMemoryBundle bundle;
-  bundle.add(topLevel, R"({"a": 1})");
-  bundle.addUnreadable(folder);
-  EXPECT_EQ(loadVocabularyTable(bundle, "words").size(), 0U);
-}
-
 TEST(VocabularyTable, KeepsEveryEntryWhileItGrows) {
   VocabularyTable table;
   table.reserve(10);
