@@ -51,6 +51,7 @@ TEST(VocabularyTable, KeepsEveryEntryWhileItGrows) {
   table.reserve(10);
   for (int i = 0; i < 5000; ++i) table.insert("word" + std::to_string(i), i);
   table.insert("word7", 0.5);
+  table.reserve(0);
   EXPECT_EQ(table.size(), 5000U);
   for (int i = 8; i < 5000; ++i) ASSERT_EQ(table.weight("word" + std::to_string(i)), i);
   EXPECT_EQ(table.weight("word7"), 0.5);
