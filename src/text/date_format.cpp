@@ -14,6 +14,9 @@ namespace {
 
 using std::chrono::milliseconds;
 
+/// A `DateTime` ends in 2262: up to here, a century may be added.
+constexpr double latestMilliseconds = 4e12;  // 2096
+
 UDate toUDate(DateTime instant) {
   return static_cast<UDate>(std::chrono::floor<milliseconds>(instant).time_since_epoch().count());
 }
@@ -83,9 +86,9 @@ std::optional<DateTime> parseIso8601(std::string_view text) {
         icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
     icu::ParsePosition position(0);
     const UDate date = format.parse(source, position);
-    if (position.getErrorIndex() < 0 && position.getIndex() == source.length()) {
-      return DateTime(milliseconds(std::llround(date)));
-    }
+    if (position.getErrorIndex() >= 0 || position.getIndex() != source.length()) continue;
+    if (std::abs(date) > latestMilliseconds) return std::nullopt;
+    return DateTime(milliseconds(std::llround(date)));
   }
   return std::nullopt;
 }

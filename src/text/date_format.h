@@ -24,7 +24,8 @@ using DateTime = std::chrono::system_clock::time_point;
 [[nodiscard]] std::string iso8601Milliseconds(DateTime instant);
 
 /// Reads "2026-11-16T20:10:58Z", with optional fractions of a second and an offset such as
-/// "+01:00" in place of the Z. Absent when the text is anything else or names no real date.
+/// "+01:00" in place of the Z. Absent when the text is anything else or names no real date, or one
+/// outside the years 1844 to 2096.
 [[nodiscard]] std::optional<DateTime> parseIso8601(std::string_view text);
 
 }  // namespace mirvane::text

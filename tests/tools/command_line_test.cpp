@@ -67,7 +67,10 @@ TEST(CommandLine, ExplainsWrongCalls) {
       {"mirvane-replay " + sample + " " + sample, "both recordings are of session 1"},
       {"mirvane-replay --start yesterday " + sample, "--start: not an instant"},
       {"mirvane-typist --seed 1 --session 3", "--session"},
+      {"mirvane-replay --start 9999-12-31T23:59:59Z " + sample, "--start: not an instant"},
       {"mirvane-typist --session 1", "--seed"},
+      {"mirvane-typist --session 1 --seed -1", "--seed"},
+      {"mirvane-typist --session 1 --seed 99999999999999999999", "--seed"},
       {"mirvane-evaluate", "Exactly 1 option"},
       {"mirvane-evaluate --words nowhere.txt", "nowhere.txt: cannot be read"},
   };

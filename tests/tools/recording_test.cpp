@@ -91,6 +91,7 @@ TEST(Recording, NamesFileAndLineOfTheDamage) {
       {R"({"recording":1,"session":1})", "typed.jsonl:1: \"prompt\" is missing"},
       {R"({"recording":1,"session":1,"prompt":"","field":{"kind":"round"}})", "unknown kind"},
       {R"({"recording":1,"session":1,"prompt":"","parameters":[]})", "\"parameters\" is not"},
+      {R"({"recording":1,"session":1,"prompt":"","end":-5})", "\"end\" is not"},
       {R"({"recording":1,"session":1,"prompt":"","language":{"known":[1]}})", "\"known\" is not"},
   };
   for (const auto& row : rows) EXPECT_THAT(errorOf(row.contents), HasSubstr(row.error));
@@ -106,6 +107,8 @@ TEST(Recording, NamesTheDamagedEvent) {
       {R"({"type":"reset"})", "\"t\" is missing"},
       {R"({"t":"1","type":"reset"})", "\"t\" is not a number"},
       {R"({"t":true,"type":"reset"})", "\"t\" is not a number"},
+      {R"({"t":-1,"type":"reset"})", "\"t\" is not a number of seconds"},
+      {R"({"t":1e12,"type":"reset"})", "\"t\" is not a number of seconds"},
       {R"({"t":1,"type":"jump"})", "unknown event type \"jump\""},
       {R"({"t":1,"type":"down","text":"a"})", "\"keyCode\" is missing"},
       {R"({"t":1,"type":"up","keyCode":65536})", "\"keyCode\" is not a whole number"},

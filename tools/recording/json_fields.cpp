@@ -34,14 +34,19 @@ std::optional<JsonFields::Element> JsonFields::find(std::string_view key) const 
   return value;
 }
 
-std::optional<std::string> JsonFields::string(std::string_view key) const {
+std::optional<JsonFields::Element> JsonFields::findValue(std::string_view key) const {
   const auto value = find(key);
+  return value && value->is_null() ? std::nullopt : value;
+}
+
+std::optional<std::string> JsonFields::string(std::string_view key) const {
+  const auto value = findValue(key);
   if (!value) return std::nullopt;
   return stringOf(*value, key);
 }
 
 std::optional<bool> JsonFields::boolean(std::string_view key) const {
-  const auto value = find(key);
+  const auto value = findValue(key);
   if (!value) return std::nullopt;
   bool boolean = false;
   if (value->get(boolean) != simdjson::SUCCESS) fail(key, "true or false");
@@ -49,14 +54,20 @@ std::optional<bool> JsonFields::boolean(std::string_view key) const {
 }
 
 std::optional<double> JsonFields::number(std::string_view key) const {
-  const auto value = find(key);
+  const auto value = findValue(key);
   if (!value) return std::nullopt;
   return numberOf(*value, key);
 }
 
+std::optional<double> JsonFields::seconds(std::string_view key) const {
+  const auto value = number(key);
+  if (value && !(*value >= 0 && *value <= mostSeconds)) fail(key, "a number of seconds from 0 on");
+  return value;
+}
+
 std::optional<std::int64_t> JsonFields::whole(std::string_view key, std::int64_t least,
                                               std::int64_t most) const {
-  const auto value = find(key);
+  const auto value = findValue(key);
   if (!value) return std::nullopt;
   std::int64_t number = 0;
   if (value->get(number) != simdjson::SUCCESS || number < least || number > most) {
@@ -66,13 +77,13 @@ std::optional<std::int64_t> JsonFields::whole(std::string_view key, std::int64_t
 }
 
 std::optional<std::vector<std::string>> JsonFields::strings(std::string_view key) const {
-  const auto value = find(key);
+  const auto value = findValue(key);
   if (!value) return std::nullopt;
   return stringsOf(*value, key);
 }
 
 std::optional<JsonFields> JsonFields::object(std::string_view key) const {
-  const auto value = find(key);
+  const auto value = findValue(key);
   if (!value) return std::nullopt;
   Object object;
   if (value->get(object) != simdjson::SUCCESS) fail(key, "an object");

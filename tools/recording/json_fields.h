@@ -18,13 +18,20 @@ class JsonFields {
   using Element = simdjson::dom::element;
   using Object = simdjson::dom::object;
 
+  /// Over 30 years: what goes beyond is not seconds.
+  static constexpr double mostSeconds = 1e9;
+
   explicit JsonFields(Object object) : object_(object) {}
 
   /// Absent when the field is missing.
   [[nodiscard]] std::optional<Element> find(std::string_view key) const;
+
+  // The others take null for a missing field too.
   [[nodiscard]] std::optional<std::string> string(std::string_view key) const;
   [[nodiscard]] std::optional<bool> boolean(std::string_view key) const;
   [[nodiscard]] std::optional<double> number(std::string_view key) const;
+  /// A number from 0 to `mostSeconds`.
+  [[nodiscard]] std::optional<double> seconds(std::string_view key) const;
   /// A whole number from `least` to `most`.
   [[nodiscard]] std::optional<std::int64_t> whole(std::string_view key, std::int64_t least,
                                                   std::int64_t most) const;
@@ -38,6 +45,8 @@ class JsonFields {
   }
 
  private:
+  [[nodiscard]] std::optional<Element> findValue(std::string_view key) const;
+
   Object object_;
 };
 

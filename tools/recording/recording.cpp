@@ -42,7 +42,7 @@ std::uint64_t flagsOf(const JsonFields& fields) {
 RecordedEvent parseEvent(const JsonFields& fields) {
   RecordedEvent event;
   event.kind = kindNamed(required(fields.string("type"), "type"));
-  event.t = required(fields.number("t"), "t");
+  event.t = required(fields.seconds("t"), "t");
   switch (event.kind) {
     case Kind::down:
       event.keyCode = keyCodeOf(fields);

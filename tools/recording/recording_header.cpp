@@ -116,7 +116,7 @@ Recording parseRecordingHeader(const JsonFields& fields) {
   if (const auto settings = fields.object("settings"))
     recording.settings = parseSettings(*settings);
   if (const auto field = fields.object("field")) recording.field = parseField(*field);
-  recording.end = fields.number("end");
+  recording.end = fields.seconds("end");
   return recording;
 }
 

@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
+#include <charconv>
 #include <cstdint>
-#include <iostream>
+#include <optional>
 #include <string>
 
 #include "recording/recording_writer.h"
@@ -15,11 +16,22 @@ struct Options {
   std::uint64_t seed = 0;
   std::int64_t session = 1;
   std::string profile = "tremor";
-  std::string text;
+  std::optional<std::string> text;
 };
 
+/// The option parser itself wraps and clamps numbers that do not fit. Empty when all is well.
+std::string complaintAboutSeed(const std::string& text) {
+  std::uint64_t seed = 0;
+  const auto* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, seed);
+  const bool isSeed = result.ec == std::errc() && result.ptr == end;
+  return isSeed ? "" : text + " is not a whole number from 0 to 18446744073709551615";
+}
+
 void declare(CLI::App& app, Options& options) {
-  app.add_option("--seed", options.seed, "The same seed types the same way")->required();
+  app.add_option("--seed", options.seed, "The same seed types the same way")
+      ->required()
+      ->check(CLI::Validator(complaintAboutSeed, "UINT64"));
   app.add_option("--session", options.session, "1, or 2 for the session with the cycle key")
       ->required()
       ->check(CLI::Range(1, 2));
@@ -32,7 +44,7 @@ void declare(CLI::App& app, Options& options) {
 std::string run(const Options& options) {
   const std::string prompt = options.session == 1 ? prompt1 : prompt2;
   const auto& profile = options.profile == "steady" ? steadyProfile() : tremorProfile();
-  const auto& text = options.text.empty() ? prompt : options.text;
+  const auto text = options.text.value_or(prompt);
   return formatRecording(typeText(text, options.session, profile, options.seed));
 }
 

@@ -215,7 +215,7 @@ class Typist {
 }  // namespace
 
 const TypistProfile& steadyProfile() {
-  static constexpr TypistProfile profile{.medianGap = 225,
+  static constexpr TypistProfile profile{.medianGap = 214,
                                          .gapSpread = 0.35,
                                          .medianHold = 95,
                                          .holdSpread = 0.2,
