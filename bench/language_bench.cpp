@@ -130,5 +130,3 @@ void loadVocabularyTables(benchmark::State& state) {
 BENCHMARK(loadVocabularyTables)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();

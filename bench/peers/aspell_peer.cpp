@@ -35,7 +35,8 @@ class AspellPeer : public Peer {
   std::vector<std::string> guesses(const std::string& word) override {
     const AspellWordList* list =
         aspell_speller_suggest(checker_.get(), word.data(), static_cast<int>(word.size()));
-    const std::unique_ptr<AspellStringEnumeration, Deleter> elements(aspell_word_list_elements(list));
+    const std::unique_ptr<AspellStringEnumeration, Deleter> elements(
+        aspell_word_list_elements(list));
     std::vector<std::string> words;
     while (const char* guess = aspell_string_enumeration_next(elements.get())) {
       words.emplace_back(guess);
@@ -49,6 +50,8 @@ class AspellPeer : public Peer {
 
 }  // namespace
 
-std::unique_ptr<Peer> makeAspellPeer() { return std::make_unique<AspellPeer>(); }
+std::unique_ptr<Peer> makeAspellPeer() {
+  return std::make_unique<AspellPeer>();
+}
 
 }  // namespace mirvane

@@ -20,6 +20,8 @@ class HunspellPeer : public Peer {
 
 }  // namespace
 
-std::unique_ptr<Peer> makeHunspellPeer() { return std::make_unique<HunspellPeer>(); }
+std::unique_ptr<Peer> makeHunspellPeer() {
+  return std::make_unique<HunspellPeer>();
+}
 
 }  // namespace mirvane

@@ -23,6 +23,8 @@ class NuspellPeer : public Peer {
 
 }  // namespace
 
-std::unique_ptr<Peer> makeNuspellPeer() { return std::make_unique<NuspellPeer>(); }
+std::unique_ptr<Peer> makeNuspellPeer() {
+  return std::make_unique<NuspellPeer>();
+}
 
 }  // namespace mirvane

@@ -22,6 +22,8 @@ class OwnPeer : public Peer {
 
 }  // namespace
 
-std::unique_ptr<Peer> makeOwnPeer() { return std::make_unique<OwnPeer>(); }
+std::unique_ptr<Peer> makeOwnPeer() {
+  return std::make_unique<OwnPeer>();
+}
 
 }  // namespace mirvane

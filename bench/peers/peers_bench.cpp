@@ -1,6 +1,6 @@
 // Spell checkers on the same "typo TAB meant" pairs, in one run and one table: how often the meant
 // word is the first guess or among the first three, without context, and what that costs.
-// usage: peers_bench PAIRS [COUNT]
+// usage: peers-bench PAIRS [COUNT]
 
 #include <malloc.h>
 
@@ -84,12 +84,15 @@ Row measure(Peer& peer, const Pairs& pairs) {
 void printRow(const std::string& name, Row row, std::size_t pairs, double megabytes) {
   const double share = 100.0 / static_cast<double>(pairs);
   std::printf("| %s | %.1f | %.1f | %d | %.0f | %.0f | %.0f | %.1f |\n", name.c_str(),
-              row.first * share, row.firstThree * share, row.correct, at(row.guessMicroseconds, 0.5),
-              at(row.guessMicroseconds, 0.99), row.checkNanoseconds, megabytes);
+              row.first * share, row.firstThree * share, row.correct,
+              at(row.guessMicroseconds, 0.5), at(row.guessMicroseconds, 0.99), row.checkNanoseconds,
+              megabytes);
 }
 
 int run(const Pairs& pairs) {
-  std::puts("| | top-1 % | top-3 % | accepted words | guesses median us | p99 us | check mean ns | memory MB |");
+  std::puts(
+      "| | top-1 % | top-3 % | accepted words | guesses median us | p99 us | check mean ns | "
+      "memory MB |");
   std::puts("|---|---|---|---|---|---|---|---|");
   const std::vector<std::function<std::unique_ptr<Peer>()>> makers{
       makeOwnPeer,
@@ -122,7 +125,7 @@ int main(int argc, char** argv) {
   std::erase_if(pairs, [](const auto& fields) { return fields.size() < 2; });
   if (argc > 2) pairs.resize(std::min(pairs.size(), static_cast<std::size_t>(std::atoi(argv[2]))));
   if (pairs.empty()) {
-    std::fputs("usage: peers_bench PAIRS [COUNT]\n", stderr);
+    std::fputs("usage: peers-bench PAIRS [COUNT]\n", stderr);
     return EXIT_FAILURE;
   }
   return mirvane::run(pairs);

@@ -88,8 +88,9 @@ void TypingViewModel::processKeyEvents(const KeyEventList& events) {
 
 void TypingViewModel::handleWordBoundary(const std::string& boundary) {
   if (!services_.settings.isCorrectionActive() || suggestionCycler_.record) return;
-  const Suggestions& suggestions = typingInfo_->suggestions;
-  if (suggestions.empty()) return;
+  if (typingInfo_->suggestions.empty()) return;
+  // A copy: whoever is told of the correction may replace the list.
+  const Suggestions suggestions = typingInfo_->suggestions;
   const auto resolved = resolveCompletedWord(boundary);
   if (!resolved) return;
   const std::string& word = resolved->typed.word;
@@ -203,12 +204,14 @@ std::optional<ContextSignals> TypingViewModel::contextSignals() const {
                                services_.suggestionEngine.contextScore.tagger());
 }
 
-void TypingViewModel::applySuggestion(std::string suggestion) {
+void TypingViewModel::applySuggestion(const std::string& picked) {
   if (!*services_.settings.isAutoCorrectionEnabled()) {
     setTypingInfo({});
     feedbackType_.set(std::nullopt);
     return;
   }
+  // All copies: whoever is told of the correction may replace the lists they came from.
+  const std::string suggestion = picked;
   const auto [text, word, suggestions, isShown] = *typingInfo_;
   const auto target = *cachedAXTargetForCurrentWord_;
   const auto result = replacement_.replaceCurrentWord(word, suggestion, target);
