@@ -7,13 +7,15 @@
 #include "language/case_pattern.h"
 #include "language/completion_search.h"
 #include "language/guess_search.h"
+#include "language/guess_selection.h"
 
 namespace mirvane {
 
 namespace {
 
-constexpr std::size_t completionCount = 3;
-constexpr GuessLimits guessLimits{.words = 3, .window = 12, .highestCost = 420, .steps = 20000};
+// A completion competes with the guesses for the few places a reader looks at.
+constexpr std::size_t completionCount = 1;
+constexpr GuessLimits guessLimits{.words = 8, .window = 42, .highestCost = 330, .steps = 4000};
 
 bool isTypeable(char c) {
   return (c >= 'a' && c <= 'z') || c == '\'';
@@ -36,9 +38,11 @@ Dictionary::Dictionary(const std::filesystem::path& path) : file_(DataFile::open
   PayloadReader payload(file_->payload());
   const auto accepted = WordSet::read(payload);
   const auto offered = WordTrie::read(payload);
-  if (!accepted || !offered) return;
+  auto ranked = RankedWords::read(payload);
+  if (!accepted || !offered || !ranked) return;
   accepted_ = *accepted;
   offered_ = *offered;
+  ranked_ = *std::move(ranked);
 }
 
 bool Dictionary::isCorrect(std::string_view word) const {
@@ -71,11 +75,9 @@ std::vector<std::string> Dictionary::completions(std::string_view prefix) const 
 std::vector<std::string> Dictionary::guesses(std::string_view word) const {
   const std::string lower = asciiLowerCase(word);
   if (!isTypeable(lower)) return {};
-  std::vector<std::string> words;
-  for (Guess& guess : nearestWords(offered_, lower, guessLimits)) {
-    words.push_back(std::move(guess.word));
-  }
-  return inCasePattern(std::move(words), casePatternOf(word));
+  if (accepted_.contains(lower)) return {};
+  const std::vector<Guess> nearest = nearestWords(offered_, ranked_, lower, guessLimits);
+  return inCasePattern(worthOffering(lower, nearest), casePatternOf(word));
 }
 
 }  // namespace mirvane

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "language/data_file.h"
+#include "language/ranked_words.h"
 #include "language/word_set.h"
 #include "language/word_trie.h"
 #include "platform/spell_checker.h"
@@ -34,6 +35,7 @@ class Dictionary : public SpellChecker {
   std::optional<DataFile> file_;
   WordSet accepted_;
   WordTrie offered_;
+  RankedWords ranked_;
 };
 
 }  // namespace mirvane

@@ -4,9 +4,11 @@
 #include <array>
 #include <cstdint>
 #include <limits>
-#include <unordered_set>
 
-#include "language/typing_costs.h"
+#include "language/state_set.h"
+#include "language/typed_word.h"
+#include "language/word_scan.h"
+#include "language/word_set.h"
 
 namespace mirvane {
 
@@ -15,11 +17,11 @@ namespace {
 using typing_cost::Cost;
 using Node = WordTrie::Node;
 
-// A word ten times rarer is as far away as this many hundredths of an edit, over 32 steps.
-constexpr int rarityWeight = 17;
-
-Cost rarityCost(WordTrie::Frequency best) {
-  return (255 - best) * rarityWeight / 32;
+// Quicker for the usual few letters than a population count without the machine's instruction.
+int countLetters(WordTrie::LetterSet letters) {
+  int count = 0;
+  for (; letters != 0; letters &= letters - 1) ++count;
+  return count;
 }
 
 constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
@@ -35,8 +37,22 @@ struct State {
 
 class Search {
  public:
-  Search(const WordTrie& trie, std::string_view typed, const GuessLimits& limits)
-      : trie_(trie), typed_(typed), limits_(limits), buckets_(bucketCount(limits), none) {}
+  Search(const WordTrie& trie, const TypedWord& typedWord, const GuessLimits& limits)
+      : trie_(trie),
+        word_(typedWord),
+        typed_(typedWord.text()),
+        limits_(limits),
+        buckets_(bucketCount(limits), none) {
+    states_.reserve(4096);
+    // A letter just typed may be there only because it was repeated, which is cheap.
+    WordTrie::LetterSet letters = 0;
+    for (std::size_t i = typed_.size(); i-- > 0;) {
+      const bool repeated = i > 0 && typed_[i] == typed_[i - 1];
+      remainingLetters_[i] = repeated ? letters & ~WordTrie::letterSet(typed_[i])
+                                      : letters | WordTrie::letterSet(typed_[i]);
+      letters |= WordTrie::letterSet(typed_[i]);
+    }
+  }
 
   std::vector<Guess> run() {
     push({&trie_.root(), none, none, 0, 0, false});
@@ -61,9 +77,11 @@ class Search {
     return static_cast<std::size_t>(limits.highestCost) + 1;
   }
 
-  static Cost totalCost(const State& state) {
-    return state.cost +
-           rarityCost(state.finished ? state.node->frequency : state.node->bestFrequency);
+  Cost totalCost(const State& state) const {
+    if (state.finished) return state.cost + typing_cost::rarity(state.node->frequency);
+    const auto foreign = remainingLetters_[state.typed] & ~state.node->lettersBelow;
+    return state.cost + typing_cost::rarity(state.node->bestFrequency) +
+           countLetters(foreign) * typing_cost::leastForForeignLetter;
   }
 
   void push(const State& state) {
@@ -76,7 +94,7 @@ class Search {
 
   // The first time a state is reached is the cheapest.
   bool isNew(const State& state) {
-    return seen_.insert(trie_.indexOf(*state.node) << 8 | state.typed).second;
+    return seen_.insert(static_cast<std::uint32_t>(trie_.indexOf(*state.node) << 6 | state.typed));
   }
 
   // False when the search is over.
@@ -114,46 +132,68 @@ class Search {
   }
 
   void skipTypedLetter(const State& state, std::uint32_t index) {
-    const std::size_t at = state.typed;
-    const char before = at > 0 ? typed_[at - 1] : '\0';
-    const char after = at + 1 < typed_.size() ? typed_[at + 1] : '\0';
-    add(state, index, *state.node, typing_cost::extraLetter(typed_[at], before, after), 1);
+    add(state, index, *state.node, word_.extra(state.typed), 1);
   }
 
   void followLetter(const State& state, std::uint32_t index, const Node& child) {
     const std::size_t at = state.typed;
     const char meant = child.letter;
-    add(state, index, child, typing_cost::missingLetter(meant, state.node->letter), 0);
+    add(state, index, child, TypedWord::missing(at, meant, state.node->letter), 0);
     if (at >= typed_.size()) return;
-    add(state, index, child, typing_cost::substitution(typed_[at], meant), 1);
+    add(state, index, child, word_.substitution(at, meant), 1);
     if (at + 1 >= typed_.size() || typed_[at + 1] != meant || typed_[at] == meant) return;
     if (const Node* second = trie_.child(child, typed_[at])) {
-      add(state, index, *second, typing_cost::swap(), 2);
+      add(state, index, *second, TypedWord::swap(at), 2);
     }
   }
 
   void add(const State& from, std::uint32_t index, const Node& node, Cost slip, int typedLetters) {
-    const bool atStart = from.typed == 0 && slip > 0;
-    const Cost cost = from.cost + slip + (atStart ? typing_cost::firstLetter() : 0);
-    push({&node, index, none, static_cast<std::int16_t>(cost),
+    push({&node, index, none, static_cast<std::int16_t>(from.cost + slip),
           static_cast<std::uint8_t>(from.typed + typedLetters), false});
   }
 
   const WordTrie& trie_;
+  const TypedWord& word_;
   std::string_view typed_;
   const GuessLimits& limits_;
   std::vector<std::uint32_t> buckets_;
   std::vector<State> states_;
-  std::unordered_set<std::size_t> seen_;
+  // Which letters the typed word still holds from each position on.
+  std::array<WordTrie::LetterSet, WordSet::longestWord + 1> remainingLetters_{};
+  StateSet seen_;
   std::vector<Guess> guesses_;
 };
 
+// Up to here the search over the trie is quicker than a look at every word.
+constexpr int nearCost = 180;
+constexpr int scanStep = 60;
+
+// The scan is the quicker the lower its limit, so the limit rises step by step.
+std::vector<Guess> scanInSteps(const RankedWords& words, const TypedWord& typed, int firstLimit,
+                               const GuessLimits& limits) {
+  for (int limit = firstLimit;; limit += scanStep) {
+    GuessLimits step = limits;
+    step.highestCost = std::min(limit, limits.highestCost) + limits.window;
+    std::vector<Guess> guesses = scanForNearestWords(words, typed, step);
+    const bool isComplete = !guesses.empty() && guesses.front().cost <= limit;
+    if (isComplete || limit >= limits.highestCost) return guesses;
+  }
+}
+
 }  // namespace
 
-std::vector<Guess> nearestWords(const WordTrie& trie, std::string_view typed,
-                                const GuessLimits& limits) {
-  if (trie.empty() || typed.empty()) return {};
-  return Search(trie, typed, limits).run();
+std::vector<Guess> nearestWords(const WordTrie& trie, const RankedWords& words,
+                                std::string_view text, const GuessLimits& limits) {
+  if (trie.empty() || text.empty() || text.size() > WordSet::longestWord) return {};
+  const TypedWord typed(text);
+  GuessLimits near = limits;
+  near.highestCost = std::min(nearCost, limits.highestCost);
+  std::vector<Guess> guesses = Search(trie, typed, near).run();
+  if (guesses.empty()) return scanInSteps(words, typed, nearCost + scanStep, limits);
+  const int best = guesses.front().cost;
+  const bool isComplete =
+      guesses.size() == limits.words || best + limits.window <= near.highestCost;
+  return isComplete ? guesses : scanInSteps(words, typed, best, limits);
 }
 
 }  // namespace mirvane

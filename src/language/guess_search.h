@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "language/ranked_words.h"
 #include "language/word_trie.h"
 
 namespace mirvane {
@@ -22,11 +23,12 @@ struct GuessLimits {
   std::size_t steps;  // give up after so many looked-at states
 };
 
-/// The words nearest to a lower-case word of letters and apostrophes, cheapest first: a best-first
-/// search (A*; Hart, Nilsson and Raphael 1968) over the trie, in which every state says how much of
-/// the typed word is explained by how much of a listed word. What a branch still costs is at least
-/// the rarity of its most frequent word.
-std::vector<Guess> nearestWords(const WordTrie& trie, std::string_view typed,
-                                const GuessLimits& limits);
+/// The words nearest to a lower-case word of letters and apostrophes, cheapest first. Near ones
+/// come from a best-first search over the trie (A*; Hart, Nilsson and Raphael 1968): a state says
+/// how much of the typed word is explained by how much of a listed word, and what it still costs is
+/// at least the rarity of the most frequent word in reach and the letters that no word in reach
+/// has. When that leaves the answer open, all words are looked through.
+std::vector<Guess> nearestWords(const WordTrie& trie, const RankedWords& words,
+                                std::string_view typed, const GuessLimits& limits);
 
 }  // namespace mirvane

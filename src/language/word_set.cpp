@@ -55,7 +55,7 @@ bool WordSet::holds(std::uint32_t slot, std::uint64_t hash, std::string_view wor
 
 WordSetParts layOutWordSet(std::span<const std::string> words) {
   WordSetParts parts;
-  parts.slots.resize(std::bit_ceil(words.size() * 2 + 1));
+  parts.slots.resize(std::bit_ceil(words.size() * 4 / 3 + 1));
   parts.text.assign(1, '\0');  // so that no offset is 0
   const std::size_t mask = parts.slots.size() - 1;
   for (const std::string& word : words) {

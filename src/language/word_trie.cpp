@@ -59,7 +59,18 @@ WordTrie::Node nodeFor(std::span<const FrequentWord> words, std::size_t depth) {
   const auto best = std::ranges::max_element(words, {}, &FrequentWord::second);
   const bool ends = words.front().first.size() == depth;
   const char letter = depth == 0 ? '\0' : words.front().first[depth - 1];
-  return {0, 0, letter, ends ? words.front().second : WordTrie::Frequency{0}, best->second};
+  return {0, 0, 0, letter, ends ? words.front().second : WordTrie::Frequency{0}, best->second};
+}
+
+// From the last node to the first: children lie behind their parent.
+void collectLettersBelow(std::vector<WordTrie::Node>& nodes) {
+  for (std::size_t i = nodes.size(); i-- > 0;) {
+    const std::span<const WordTrie::Node> children =
+        std::span(nodes).subspan(nodes[i].firstChild, nodes[i].childCount);
+    for (const WordTrie::Node& child : children) {
+      nodes[i].lettersBelow |= WordTrie::letterSet(child.letter) | child.lettersBelow;
+    }
+  }
 }
 
 }  // namespace
@@ -81,6 +92,7 @@ std::vector<WordTrie::Node> layOutWordTrie(std::span<const FrequentWord> words) 
       rest = rest.subspan(shared.size());
     }
   }
+  collectLettersBelow(nodes);
   return nodes;
 }
 

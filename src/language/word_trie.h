@@ -20,8 +20,21 @@ class WordTrie {
   /// 1 (rarest) to 255; 32 steps are a factor of ten. 0 stands for "no word".
   using Frequency = std::uint8_t;
 
+  /// A set of letters: bit 0 for 'a' to bit 25 for 'z', bit 26 for the apostrophe.
+  using LetterSet = std::uint32_t;
+  static LetterSet letterSet(char letter) {
+    return letter == '\'' ? LetterSet{1} << 26 : LetterSet{1} << ((letter - 'a') & 31);
+  }
+
+  static LetterSet letterSetOf(std::string_view word) {
+    LetterSet letters = 0;
+    for (const char letter : word) letters |= letterSet(letter);
+    return letters;
+  }
+
   struct Node {
     std::uint32_t firstChild;
+    LetterSet lettersBelow;
     std::uint8_t childCount;
     char letter;              // that leads to this node
     Frequency frequency;      // of the word that ends here

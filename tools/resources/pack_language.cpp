@@ -4,33 +4,41 @@
 #include <exception>
 #include <fstream>
 #include <iostream>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 
 #include "packed_dictionary.h"
+#include "packed_embedding.h"
+#include "packed_tags.h"
 
 namespace {
 
-int pack(std::string_view kind, const char* from, const char* to) {
+std::string packed(std::string_view kind, std::istream& lines) {
+  if (kind == "dictionary") return mirvane::packedDictionary(lines);
+  if (kind == "tags") return mirvane::packedTags(lines);
+  if (kind == "embedding") return mirvane::packedEmbedding(lines);
+  throw std::runtime_error("no such kind of data: " + std::string(kind));
+}
+
+void pack(std::string_view kind, const char* from, const char* to) {
   std::ifstream input(from);
+  if (!input) throw std::runtime_error(std::string("cannot read ") + from);
+  const std::string bytes = packed(kind, input);
   std::ofstream output(to, std::ios::binary);
-  if (kind == "dictionary") {
-    output << mirvane::packedDictionary(input);
-  } else {
-    std::cerr << "no such kind of data: " << kind << '\n';
-    return EXIT_FAILURE;
-  }
-  return input.eof() && output.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
+  if (!(output << bytes).flush()) throw std::runtime_error(std::string("cannot write ") + to);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc != 4) {
-    std::cerr << "usage: mirvane-pack-language dictionary LIST DATA-FILE\n";
+    std::cerr << "usage: mirvane-pack-language dictionary|tags|embedding LIST DATA-FILE\n";
     return EXIT_FAILURE;
   }
   try {
-    return pack(argv[1], argv[2], argv[3]);
+    pack(argv[1], argv[2], argv[3]);
+    return EXIT_SUCCESS;
   } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';
     return EXIT_FAILURE;

@@ -37,12 +37,15 @@ std::string packedDictionary(std::istream& lines) {
     accepted.push_back(word);
     if (frequency > 0) offered.emplace_back(word, frequency);
   }
-  const WordSetParts set = layOutWordSet(accepted);
-  PayloadWriter payload;
-  payload.add(std::span(set.slots));
-  payload.add(std::span(set.text.data(), set.text.size()));
   const std::vector<WordTrie::Node> nodes = layOutWordTrie(offered);
-  payload.add(std::span(nodes));
+  PayloadWriter payload;
+  payload.addWordSet(layOutWordSet(accepted));
+  payload.add(std::span<const WordTrie::Node>(nodes));
+  const RankedWordsParts ranked = layOutRankedWords(offered);
+  payload.add(std::span<const std::uint32_t>(ranked.counts));
+  payload.add(std::span<const WordTrie::LetterSet>(ranked.letters));
+  payload.add(std::span<const WordTrie::Frequency>(ranked.frequencies));
+  payload.add(std::span<const char>(ranked.text));
   return dataFileBytes(Dictionary::fileKind, payload.bytes());
 }
 

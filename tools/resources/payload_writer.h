@@ -4,6 +4,8 @@
 #include <span>
 #include <string>
 
+#include "language/word_set.h"
+
 namespace mirvane {
 
 /// Builds a payload that PayloadReader takes apart.
@@ -15,6 +17,11 @@ class PayloadWriter {
     append(&count, sizeof(count));
     append(part.data(), part.size_bytes());
     bytes_.resize((bytes_.size() + 7) / 8 * 8, '\0');
+  }
+
+  void addWordSet(const WordSetParts& set) {
+    add(std::span<const std::uint32_t>(set.slots));
+    add(std::span<const char>(set.text));
   }
 
   [[nodiscard]] const std::string& bytes() const { return bytes_; }

@@ -7,6 +7,7 @@ ROW_SHIFTS = (0.0, 0.25, 0.75)  # in key widths
 FARTHEST = 1.3
 # From here on the engine applies a single neighbouring-key correction instead of offering it.
 APPLIED = 0.1755
+LIKELIEST = 0.18  # of a horizontal neighbour; more would push single missed letters back
 
 
 def _positions():
@@ -18,7 +19,7 @@ def _positions():
 def _probability(dx, dy):
     # A finger lands around the key it aims at, a little less spread along a column than along a row.
     spread = 0.6
-    return 0.25 * math.exp(-(dx * dx + 1.25 * dy * dy - 1) / (2 * spread * spread))
+    return LIKELIEST * math.exp(-(dx * dx + 1.25 * dy * dy - 1) / (2 * spread * spread))
 
 
 def nearby_keys():

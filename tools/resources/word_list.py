@@ -2,22 +2,30 @@
 
 import os
 import re
+import unicodedata
 
 SPELLINGS = ("english", "american", "british", "british_z")
 LEVELS = (10, 20, 35, 40, 50, 55, 60, 70, 80)
 WORD = re.compile(r"[a-z]+\Z")
 CONTRACTION = re.compile(r"[a-z]+(?:'[a-z]+)+\Z")
 
-# log10 probability from which a word is frequent enough, by what kind of entry it is. Rare short
-# words and names cost more than they give: they turn slips of the finger into known words.
-COMMON_LEVEL = 50
-RARE_WORD = {3: -5.85, 4: -6.6}
-RARE_WORD_LONGER = -7.3
-VERY_RARE_WORD = {3: -5.3, 4: -5.9, 5: -6.3}
-VERY_RARE_WORD_LONGER = -6.7
-NAME = {3: -5.0, 4: -5.6, 5: -5.9}
-NAME_LONGER = -6.3
-COMMON_THREE_LETTERS = -5.95
+# log10 probability from which a word is frequent enough, by its length and by the level of its
+# list. Rare short words and names cost more than they give: they turn slips of the finger into
+# known words.
+COMMON_LEVEL = 35
+COMMON_WORD = {3: -5.5, 4: -5.85}
+RARE_LEVEL = 60
+RARE_WORD = {3: -5.3, 4: -5.4, 5: -5.9, 6: -6.3, 7: -7.2}
+VERY_RARE_WORD = {3: -5.2, 4: -5.4, 5: -5.8, 6: -6.2}
+VERY_RARE_WORD_LONGER = -6.5
+NAME = {3: -4.8, 4: -5.2, 5: -5.5}
+NAME_LONGER = -6.1
+ANY = -99.0  # what a word without a known frequency has
+
+
+def without_accents(word):
+    decomposed = unicodedata.normalize("NFD", word)
+    return "".join(letter for letter in decomposed if not unicodedata.combining(letter))
 
 
 def lines(path):
@@ -52,10 +60,10 @@ class WordList:
 
     def _entries(self, spelling, kind, level):
         path = os.path.join(self._scowl, f"{spelling}-{kind}.{level}")
-        return lines(path) if os.path.exists(path) else []
+        return map(without_accents, lines(path)) if os.path.exists(path) else []
 
     def _frequent(self, word, by_length, longer):
-        return self._frequency.get(word, -99.0) >= by_length.get(len(word), longer)
+        return self._frequency.get(word, ANY) >= by_length.get(len(word), longer)
 
     def _take_words(self, spelling, level):
         for word in self._entries(spelling, "words", level):
@@ -63,12 +71,10 @@ class WordList:
                 self.accepted.add(word)
 
     def _word_belongs(self, word, level):
-        if len(word) == 3 and level <= 60:
-            return self._frequency.get(word, -99.0) >= COMMON_THREE_LETTERS
-        if level <= COMMON_LEVEL and len(word) > 4:
-            return True
-        if level <= 60:
-            return self._frequent(word, RARE_WORD, RARE_WORD_LONGER)
+        if level <= COMMON_LEVEL:
+            return self._frequent(word, COMMON_WORD, ANY)
+        if level <= RARE_LEVEL:
+            return self._frequent(word, RARE_WORD, ANY)
         return self._frequent(word, VERY_RARE_WORD, VERY_RARE_WORD_LONGER)
 
     def _take_names(self, spelling, level):
@@ -84,7 +90,7 @@ class WordList:
                 self.contractions.add(entry.lower())
 
     def _take_hand_lists(self):
-        for name in ("two_letter_words", "added_words"):
+        for name in ("two_letter_words", "added_words", "abbreviations"):
             self.accepted.update(lines(os.path.join(self._hand, name + ".txt")))
         self.accepted.difference_update(lines(os.path.join(self._hand, "left_out_words.txt")))
 

@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "language/data_file.h"
+#include "language/dictionary.h"
+#include "language/english_language.h"
+#include "language/mapped_word_embedding.h"
+#include "language/word_tagger.h"
+#include "packed_dictionary.h"
+#include "packed_embedding.h"
+#include "packed_tags.h"
+#include "platform/simulated/in_memory_bundle.h"
+#include "tests/language/temporary_file.h"
+
+namespace mirvane {
+namespace {
+
+using Path = std::filesystem::path;
+
+std::string packed(std::string (*pack)(std::istream&), const std::string& text) {
+  std::istringstream lines(text);
+  return pack(lines);
+}
+
+// A kind of data file: its bytes, and whether the service made from a file knows its word.
+struct Kind {
+  std::string name;
+  std::string bytes;
+  std::function<bool(const Path&)> knows;
+};
+
+std::vector<Kind> kinds() {
+  return {{"dictionary", packed(packedDictionary, "hello 200\nhelp 100\n"),
+           [](const Path& path) {
+             const Dictionary dictionary(path);
+             return dictionary.isCorrect("hello") || !dictionary.guesses("helo").empty() ||
+                    !dictionary.completions("he").empty();
+           }},
+          {"tags", packed(packedTags, "hello 0\n"),
+           [](const Path& path) { return WordTagger(path).tag("hello").has_value(); }},
+          {"embedding", packed(packedEmbedding, "hello 1 2\nhelp 2 1\n"), [](const Path& path) {
+             const auto embedding = MappedWordEmbedding::open(path);
+             return embedding != nullptr && embedding->distance("hello", "help") < 2;
+           }}};
+}
+
+bool knowsFrom(const Kind& kind, const std::string& bytes) {
+  const TemporaryFile file(bytes);
+  return kind.knows(file.path());
+}
+
+TEST(DataFiles, AreUsedWhenWhole) {
+  for (const Kind& kind : kinds()) EXPECT_TRUE(knowsFrom(kind, kind.bytes)) << kind.name;
+}
+
+TEST(DataFiles, AreAsIfAbsentWhenMissingEmptyOrAFolder) {
+  const TemporaryFile other("");
+  for (const Kind& kind : kinds()) {
+    EXPECT_FALSE(kind.knows({})) << kind.name;
+    EXPECT_FALSE(kind.knows(other.path() / "none")) << kind.name;
+    EXPECT_FALSE(kind.knows(other.path().parent_path())) << kind.name;
+    EXPECT_FALSE(knowsFrom(kind, "")) << kind.name;
+  }
+}
+
+TEST(DataFiles, AreAsIfAbsentWhenCutAnywhere) {
+  for (const Kind& kind : kinds()) {
+    for (std::size_t size = 0; size < kind.bytes.size(); ++size) {
+      EXPECT_FALSE(knowsFrom(kind, kind.bytes.substr(0, size))) << kind.name << " " << size;
+    }
+    EXPECT_FALSE(knowsFrom(kind, kind.bytes + '\0')) << kind.name << " with a byte too many";
+  }
+}
+
+TEST(DataFiles, AreAsIfAbsentWhenAnyByteDiffers) {
+  for (const Kind& kind : kinds()) {
+    for (std::size_t i = 0; i < kind.bytes.size(); ++i) {
+      std::string damaged = kind.bytes;
+      damaged[i] = static_cast<char>(damaged[i] ^ 0x10);
+      EXPECT_FALSE(knowsFrom(kind, damaged)) << kind.name << " byte " << i;
+    }
+  }
+}
+
+TEST(DataFiles, AreAsIfAbsentWhenOfAnotherKindOrVersion) {
+  const auto all = kinds();
+  for (const Kind& kind : all) {
+    for (const Kind& other : all) {
+      if (kind.name != other.name) {
+        EXPECT_FALSE(knowsFrom(kind, other.bytes)) << kind.name << " from " << other.name;
+      }
+    }
+  }
+  const std::string payload = all[1].bytes.substr(32);
+  DataFileKind next = WordTagger::fileKind;
+  EXPECT_TRUE(knowsFrom(all[1], dataFileBytes(next, payload)));
+  ++next.version;
+  EXPECT_FALSE(knowsFrom(all[1], dataFileBytes(next, payload)));
+}
+
+// The checksum is right, but the parts do not fit together.
+TEST(DataFiles, AreAsIfAbsentWhenTheirPartsDoNotFit) {
+  const std::vector<DataFileKind> fileKinds{Dictionary::fileKind, WordTagger::fileKind,
+                                            MappedWordEmbedding::fileKind};
+  const auto all = kinds();
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const std::string payload = all[i].bytes.substr(32);
+    for (std::size_t size = 0; size < payload.size(); size += 8) {
+      const std::string bytes = dataFileBytes(fileKinds[i], payload.substr(0, size));
+      EXPECT_FALSE(knowsFrom(all[i], bytes)) << all[i].name << " " << size;
+    }
+    std::string endless = payload;
+    endless.replace(0, 8, 8, '\xff');
+    EXPECT_FALSE(knowsFrom(all[i], dataFileBytes(fileKinds[i], endless))) << all[i].name;
+  }
+}
+
+TEST(DataFiles, LeaveServicesThatKnowNothingWhenTheBundleIsEmpty) {
+  const simulated::InMemoryBundle bundle;
+  const EnglishLanguage english = loadEnglishLanguage(bundle);
+  EXPECT_FALSE(english.spellChecker->isCorrect("the"));
+  EXPECT_TRUE(english.spellChecker->guesses("teh").empty());
+  EXPECT_FALSE(english.tagger->tag("the").has_value());
+  EXPECT_EQ(english.embedding, nullptr);
+}
+
+TEST(DataFiles, AreNotMadeFromMalformedLists) {
+  EXPECT_THROW(packed(packedDictionary, "hello 256\n"), std::runtime_error);
+  EXPECT_THROW(packed(packedDictionary, "hello\n"), std::runtime_error);
+  EXPECT_THROW(packed(packedDictionary, std::string(64, 'a') + " 1\n"), std::length_error);
+  EXPECT_THROW(packed(packedTags, "hello 7\n"), std::runtime_error);
+  EXPECT_THROW(packed(packedEmbedding, "hello 1 2\nhelp 1\n"), std::runtime_error);
+  EXPECT_THROW(packed(packedEmbedding, "hello 0 0\n"), std::runtime_error);
+}
+
+}  // namespace
+}  // namespace mirvane

@@ -1,0 +1,124 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "language/english_language.h"
+#include "platform/linux/resource_bundle.h"
+
+namespace mirvane {
+namespace {
+
+using testing::Contains;
+
+class ShippedEnglish : public testing::Test {
+ protected:
+  static const EnglishLanguage& english() {
+    static const EnglishLanguage language =
+        loadEnglishLanguage(ResourceBundle(standardResourceFolder()));
+    return language;
+  }
+  static const SpellChecker& words() { return *english().spellChecker; }
+
+  // Each word, as typed, and what has to be among the guesses.
+  static void expectGuessed(const std::vector<std::pair<std::string, std::string>>& rows) {
+    for (const auto& [typed, meant] : rows) {
+      EXPECT_FALSE(words().isCorrect(typed)) << typed;
+      EXPECT_THAT(words().guesses(typed), Contains(meant)) << typed;
+    }
+  }
+};
+
+TEST_F(ShippedEnglish, AcceptsOrdinaryText) {
+  for (const char* word :
+       {"its",     "it's",     "don't",    "i'm",     "I'm",        "stella",  "Stella",   "colour",
+        "color",   "organise", "organize", "went",    "children's", "o'clock", "fiance",   "comb",
+        "tuesday", "London",   "sam",      "mr",      "a",          "i",       "z",        "the",
+        "quick",   "brown",    "fox",      "jumps",   "over",       "lazy",    "dog",      "sells",
+        "shells",  "shore",    "every",    "morning", "please",     "call",    "bring",    "these",
+        "things",  "store",    "bought",   "some",    "fresh",      "apples",  "yesterday"}) {
+    EXPECT_TRUE(words().isCorrect(word)) << word;
+  }
+}
+
+TEST_F(ShippedEnglish, AcceptsEveryPieceThatAnApostropheCuts) {
+  for (const char* piece : {"didn", "doesn", "couldn", "isn", "won", "t", "s", "d", "m", "ll", "ve",
+                            "re", "o", "don", "ain"}) {
+    EXPECT_TRUE(words().isCorrect(piece)) << piece;
+  }
+}
+
+TEST_F(ShippedEnglish, RejectsTyposAndTheForbiddenShortcuts) {
+  for (const char* word : {"teh", "dont", "cant", "wont", "helllo", "im", "adn", "hte", "thw",
+                           "wsa", "recieve", "qqq", "zz", "tHe"}) {
+    EXPECT_FALSE(words().isCorrect(word)) << word;
+  }
+}
+
+TEST_F(ShippedEnglish, GuessesMotorErrors) {
+  expectGuessed({{"teh", "the"},
+                 {"Teh", "The"},
+                 {"TEH", "THE"},
+                 {"helllo", "hello"},
+                 {"haaaave", "have"},
+                 {"connnntinued", "continued"},
+                 {"remqains", "remains"},
+                 {"posdible", "possible"},
+                 {"functikns", "functions"},
+                 {"mortgags", "mortgages"},
+                 {"documetn", "document"},
+                 {"elllectic", "electric"},
+                 {"thhhhag", "that"},
+                 {"sterlla", "stella"}});
+}
+
+TEST_F(ShippedEnglish, GuessesMisspellings) {
+  expectGuessed({{"recieve", "receive"},
+                 {"seperate", "separate"},
+                 {"definately", "definitely"},
+                 {"accomodate", "accommodate"},
+                 {"dont", "don't"},
+                 {"cant", "can't"},
+                 {"nessecary", "necessary"}});
+}
+
+TEST_F(ShippedEnglish, OffersOnlyWordsItAccepts) {
+  for (const char* typed : {"teh", "thhee", "wrng", "exmple", "kkng", "abotu", "Wrod", "SPELING"}) {
+    for (const auto& guess : words().guesses(typed)) EXPECT_TRUE(words().isCorrect(guess)) << guess;
+    for (const auto& word : words().completions(typed))
+      EXPECT_TRUE(words().isCorrect(word)) << word;
+  }
+}
+
+TEST_F(ShippedEnglish, CompletesWithTheMostFrequentWord) {
+  EXPECT_THAT(words().completions("beautif"), Contains("beautiful"));
+  EXPECT_THAT(words().completions("Yest"), Contains("Yesterday"));
+}
+
+TEST_F(ShippedEnglish, TagsAndComparesWords) {
+  const LexicalTagger& tagger = *english().tagger;
+  const std::vector<std::pair<std::string, LexicalClass>> rows{
+      {"dog", LexicalClass::noun},
+      {"went", LexicalClass::verb},
+      {"beautiful", LexicalClass::adjective},
+      {"She", LexicalClass::pronoun},
+      {"i'm", LexicalClass::pronoun},
+      {"i", LexicalClass::pronoun},
+      {"my", LexicalClass::determiner},
+      {"the", LexicalClass::determiner},
+      {"to", LexicalClass::preposition},
+      {"of", LexicalClass::preposition},
+      {"don't", LexicalClass::verb},
+      {"two", LexicalClass::other},
+      {"quickly", LexicalClass::other}};
+  for (const auto& [word, lexicalClass] : rows) EXPECT_EQ(tagger.tag(word), lexicalClass) << word;
+  ASSERT_NE(english().embedding, nullptr);
+  const WordEmbedding& embedding = *english().embedding;
+  EXPECT_LT(embedding.distance("dog", "cat"), embedding.distance("dog", "parliament"));
+  EXPECT_EQ(embedding.distance("dog", "dgo"), 2.0);
+}
+
+}  // namespace
+}  // namespace mirvane
