@@ -1,0 +1,121 @@
+#include "capture/key_input_tracker.h"
+
+#include <algorithm>
+
+namespace mirvane {
+namespace {
+
+constexpr double msPerSecond = 1000.0;
+
+}  // namespace
+
+KeyInputTracker::KeyInputTracker(const Platform& platform, const TypingConfig& config)
+    : platform_(platform), repeatKeyDetector_{config.maxInputGap, config.minimumRepeatCount} {}
+
+void KeyInputTracker::start() {
+  if (isStarted()) return;
+  auto& monitors = platform_.monitors;
+  keyDownMonitor_.set(
+      monitors.addGlobalMonitor(EventMask::keyDown, queued(&KeyInputTracker::keyDown)));
+  keyUpMonitor_.set(monitors.addGlobalMonitor(EventMask::keyUp, queued(&KeyInputTracker::keyUp)));
+  mouseDownMonitor_.set(
+      monitors.addGlobalMonitor(EventMask::pointerDown, queued(&KeyInputTracker::pointerDown)));
+  appActivationObserver_.set(platform_.workspace.addActivationObserver(
+      [&tasks = platform_.tasks, activated = lifetime_.guard([this] { handleAppActivated(); })] {
+        tasks.post(activated);
+      }));
+  localKeyDownMonitor_.set(
+      monitors.addLocalMonitor(EventMask::keyDown, queued(&KeyInputTracker::keyDown)));
+  localKeyUpMonitor_.set(
+      monitors.addLocalMonitor(EventMask::keyUp, queued(&KeyInputTracker::keyUp)));
+}
+
+void KeyInputTracker::stop() {
+  remove(keyDownMonitor_);
+  remove(keyUpMonitor_);
+  remove(mouseDownMonitor_);
+  if (const auto observer = *appActivationObserver_) {
+    platform_.workspace.removeActivationObserver(*observer);
+    appActivationObserver_.set(std::nullopt);
+  }
+  remove(localKeyDownMonitor_);
+  remove(localKeyUpMonitor_);
+}
+
+void KeyInputTracker::reset() {
+  events_.modify([](KeyEventList& events) { events.clear(); });
+  pendingKeyDowns_.modify([](auto& pending) { pending.clear(); });
+  typedWordBuffer_.reset();
+}
+
+void KeyInputTracker::handleKeyDown(std::uint16_t keyCode, std::string_view characters,
+                                    std::uint64_t modifierFlags, double timestamp,
+                                    std::optional<std::int64_t> sourceUserData) {
+  if (sourceUserData == syntheticEventMarker) return;
+  pendingKeyDowns_.modify([&](auto& pending) { pending[keyCode] = timestamp; });
+  std::optional<double> gap;
+  if (!events_->empty()) gap = (timestamp - events_->front().timestamp) * msPerSecond;
+  record({makeUuid(), keyCode, std::string(characters), timestamp, modifierFlags, gap, {}});
+}
+
+void KeyInputTracker::record(KeyEvent event) {
+  events_.modify([&](KeyEventList& events) {
+    events.push_front(std::move(event));
+    if (events.size() > eventCapacity) events.pop_back();
+  });
+  previousRepeatedKeys_.assign(repeatKeyDetector_.detect(*events_));
+  typedWordBuffer_.handle(events_->front());
+  if (onKeyEvent) onKeyEvent(*events_);
+}
+
+void KeyInputTracker::handleKeyUp(std::uint16_t keyCode, double timestamp,
+                                  std::optional<std::int64_t> sourceUserData) {
+  if (sourceUserData == syntheticEventMarker) return;
+  const auto pending = pendingKeyDowns_->find(keyCode);
+  if (pending == pendingKeyDowns_->end()) return;
+  const double holdTime = (timestamp - pending->second) * msPerSecond;
+  pendingKeyDowns_.modify([&](auto& map) { map.erase(keyCode); });
+
+  const auto open = std::find_if(events_->begin(), events_->end(), [&](const KeyEvent& event) {
+    return event.keyCode == keyCode && !event.holdTime;
+  });
+  if (open == events_->end()) return;
+  const auto index = static_cast<std::size_t>(open - events_->begin());
+  events_.modify([&](KeyEventList& events) { events[index].holdTime = holdTime; });
+}
+
+void KeyInputTracker::handlePointerDown() {
+  typedWordBuffer_.reset();
+}
+
+void KeyInputTracker::handleAppActivated() {
+  typedWordBuffer_.reset();
+}
+
+EventMonitors::Handler KeyInputTracker::queued(void (KeyInputTracker::*entry)(const InputEvent&)) {
+  auto handle = lifetime_.guard([this, entry](const InputEvent& event) { (this->*entry)(event); });
+  return [&tasks = platform_.tasks, handle](const InputEvent& event) {
+    tasks.post([handle, event] { handle(event); });
+  };
+}
+
+void KeyInputTracker::keyDown(const InputEvent& event) {
+  handleKeyDown(event.keyCode, event.characters.value_or(std::string()), event.modifierFlags,
+                event.timestamp, event.sourceUserData);
+}
+
+void KeyInputTracker::keyUp(const InputEvent& event) {
+  handleKeyUp(event.keyCode, event.timestamp, event.sourceUserData);
+}
+
+void KeyInputTracker::pointerDown(const InputEvent&) {
+  handlePointerDown();
+}
+
+void KeyInputTracker::remove(Handle& monitor) {
+  if (!monitor->has_value()) return;
+  platform_.monitors.removeMonitor(**monitor);
+  monitor.set(std::nullopt);
+}
+
+}  // namespace mirvane

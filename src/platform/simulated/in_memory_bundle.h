@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+
+#include "platform/bundle.h"
+
+namespace mirvane::simulated {
+
+/// Resources by their path within the bundle, such as "Vocabulary/base_unigrams.json".
+class InMemoryBundle : public Bundle {
+ public:
+  void add(std::string_view path, std::string contents);
+  /// The resource is there, but reading it fails.
+  void addUnreadable(std::string_view path);
+
+  [[nodiscard]] std::optional<std::filesystem::path> pathForResource(
+      std::string_view name, std::string_view extension,
+      std::string_view subdirectory = {}) const override;
+  [[nodiscard]] std::optional<std::string> contents(
+      const std::filesystem::path& path) const override;
+
+  /// How often `contents` was asked for this path.
+  [[nodiscard]] int readCount(std::string_view path) const;
+
+ private:
+  std::map<std::string, std::optional<std::string>, std::less<>> resources_;
+  mutable std::map<std::string, int, std::less<>> reads_;
+};
+
+}  // namespace mirvane::simulated

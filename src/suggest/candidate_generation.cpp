@@ -1,0 +1,86 @@
+#include "suggest/candidate_generation.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "suggest/edit_candidates.h"
+#include "suggest/repeat_variants.h"
+#include "suggest/unique_texts.h"
+#include "text/characters.h"
+#include "text/letter_case.h"
+#include "text/scalars.h"
+
+namespace mirvane {
+namespace {
+
+constexpr std::size_t longestWordForInsertions = 8;
+constexpr std::size_t longestWordForVowelPairs = 6;
+
+bool hasOnlyAsciiLettersAndApostrophes(std::string_view word) {
+  return std::all_of(word.begin(), word.end(), [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x80 && (text::isLetter(byte) || byte == '\'');
+  });
+}
+
+bool holdsVowel(std::string_view word) {
+  return word.find_first_of("aeiou") != std::string_view::npos;
+}
+
+bool isPossessive(std::string_view text) {
+  return text.ends_with("'s") || text.ends_with("'S");
+}
+
+}  // namespace
+
+std::vector<std::string> CandidateGeneration::generateCandidates(std::string_view word) const {
+  if (word.empty() || !hasOnlyAsciiLettersAndApostrophes(word)) return {};
+  const auto variants = repeatCollapseVariants(word);
+  UniqueTexts found;
+  for (const auto& variant : variants) {
+    auto lower = text::lowercased(variant);
+    if (knownWords_.isKnownWord(lower)) found.add(std::move(lower));
+    for (auto& suggestion : spellCheckerSuggestions(variant)) found.add(std::move(suggestion));
+  }
+  for (const auto& variant : variants) {
+    for (auto& edit : editCandidates(variant)) found.add(std::move(edit));
+  }
+  auto candidates = found.take();
+  if (knownWords_.isAllowListed(word)) putAllowedWordFirst(word, candidates);
+  std::erase_if(candidates, [this](const std::string& candidate) {
+    return isPossessive(candidate) || !isValidCandidate(candidate);
+  });
+  return candidates;
+}
+
+std::vector<std::string> CandidateGeneration::spellCheckerSuggestions(std::string_view word) const {
+  UniqueTexts found;
+  for (auto& completion : spellChecker_.completions(word)) found.add(std::move(completion));
+  for (auto& guess : spellChecker_.guesses(word)) found.add(std::move(guess));
+  return found.take();
+}
+
+std::vector<std::string> CandidateGeneration::editCandidates(std::string_view word) const {
+  const auto length = text::characterCount(word);
+  const auto lower = text::lowercased(word);
+  if (length < 2 || knownWords_.isKnownWord(lower)) return {};
+  EditCandidates edits(lower, knownWords_);
+  edits.tryNearbyKeys(nearbyKeys_);
+  if (length <= longestWordForInsertions) edits.tryInsertedLetters();
+  if (length <= longestWordForVowelPairs && !holdsVowel(lower)) edits.tryInsertedVowelPairs();
+  return edits.take();
+}
+
+bool CandidateGeneration::isValidCandidate(std::string_view text) const {
+  return knownWords_.isKnownWord(text::lowercased(text));
+}
+
+void CandidateGeneration::putAllowedWordFirst(std::string_view word,
+                                              std::vector<std::string>& candidates) const {
+  std::erase_if(candidates, [&](const std::string& candidate) {
+    return text::equalIgnoringCase(candidate, word);
+  });
+  candidates.insert(candidates.begin(), text::lowercased(word));
+}
+
+}  // namespace mirvane

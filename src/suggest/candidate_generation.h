@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/spell_checker.h"
+#include "suggest/known_words.h"
+#include "suggest/nearby_keys.h"
+
+namespace mirvane {
+
+/// Finds the words that may have been meant by a typed word.
+class CandidateGeneration {
+ public:
+  CandidateGeneration(const SpellChecker& spellChecker, const KnownWords& knownWords,
+                      const NearbyKeys& nearbyKeys)
+      : spellChecker_(spellChecker), knownWords_(knownWords), nearbyKeys_(nearbyKeys) {}
+
+  /// Distinct known words in order of discovery; the lower-cased word itself comes first when it
+  /// is known. Empty for a word that holds anything but ASCII letters and apostrophes.
+  [[nodiscard]] std::vector<std::string> generateCandidates(std::string_view word) const;
+
+  /// Completions, then guesses, each text once.
+  [[nodiscard]] std::vector<std::string> spellCheckerSuggestions(std::string_view word) const;
+
+  /// Known words that differ from an unknown one by a neighbouring key, by a missed letter (words
+  /// of up to 8 characters) or by two left-out vowels (words of up to 6 without any).
+  [[nodiscard]] std::vector<std::string> editCandidates(std::string_view word) const;
+
+ private:
+  [[nodiscard]] bool isValidCandidate(std::string_view text) const;
+  void putAllowedWordFirst(std::string_view word, std::vector<std::string>& candidates) const;
+
+  const SpellChecker& spellChecker_;
+  const KnownWords& knownWords_;
+  const NearbyKeys& nearbyKeys_;
+};
+
+}  // namespace mirvane
