@@ -180,19 +180,9 @@ void TypingViewModel::updateCurrentWord() {
 }
 
 void TypingViewModel::computeSuggestions(const std::string& word, bool fromAccessibility) {
-  const auto& engine = services_.suggestionEngine;
   const auto context = usesContextSignals_ && fromAccessibility ? contextSignals() : std::nullopt;
-  auto ranked = engine.suggestionPriority.rankSuggestions(
-      word, engine.candidateGeneration.generateCandidates(word), context ? &*context : nullptr,
-      &*typingState_);
-
-  const auto typedWord = std::find_if(ranked.begin(), ranked.end(), [&](const std::string& entry) {
-    return text::equalIgnoringCase(entry, word);
-  });
-  if (typedWord != ranked.end() && engine.knownWords.isKnownWord(text::lowercased(word))) {
-    std::rotate(ranked.begin(), typedWord, typedWord + 1);
-  }
-
+  auto ranked =
+      services_.suggestionEngine.suggestionsFor(word, context ? &*context : nullptr, *typingState_);
   const auto length = text::characterCount(word);
   const bool hasWordOfEqualLength =
       std::any_of(ranked.begin(), ranked.end(),

@@ -1,7 +1,6 @@
 #include "suggest/context_score.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "text/letter_case.h"
 
@@ -36,10 +35,6 @@ double posFitAfter(LexicalClass previous, LexicalClass candidate) {
 }
 
 }  // namespace
-
-ContextScore::ContextScore(Vocabulary vocabulary, const WordEmbedding* embedding,
-                           const LexicalTagger& tagger)
-    : vocabulary_(std::move(vocabulary)), embedding_(embedding), tagger_(tagger) {}
 
 double ContextScore::contextScore(std::string_view candidate, const ContextSignals& context) const {
   return unigramScore(candidate) + bigramScore(candidate, context) + posScore(candidate, context) +

@@ -18,8 +18,10 @@ class ContextScore {
     VocabularyTable bigrams;   ///< by two lower-case words with one space between
   };
 
-  /// `embedding` may be null: the platform has none.
-  ContextScore(Vocabulary vocabulary, const WordEmbedding* embedding, const LexicalTagger& tagger);
+  /// `embedding` may be null: the platform has none. Everything else must outlive this object.
+  ContextScore(const Vocabulary& vocabulary, const WordEmbedding* embedding,
+               const LexicalTagger& tagger)
+      : vocabulary_(vocabulary), embedding_(embedding), tagger_(tagger) {}
 
   /// The sum of the four features below.
   [[nodiscard]] double contextScore(std::string_view candidate,
@@ -40,7 +42,7 @@ class ContextScore {
  private:
   [[nodiscard]] double pairWeight(std::string_view first, std::string_view second) const;
 
-  Vocabulary vocabulary_;
+  const Vocabulary& vocabulary_;
   const WordEmbedding* embedding_;
   const LexicalTagger& tagger_;
 };

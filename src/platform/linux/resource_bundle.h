@@ -1,19 +1,18 @@
 #pragma once
 
-#include <vector>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "platform/bundle.h"
 
 namespace mirvane {
 
-/// Resources in folders of the file system; the first folder that has one provides it.
+/// The resources of a folder.
 class ResourceBundle : public Bundle {
  public:
-  explicit ResourceBundle(std::vector<std::filesystem::path> folders);
-
-  /// The resources of this program: those laid out beside it, the same way in the build tree and
-  /// where it is installed (`../share/mirvanetest` from the program's own folder).
-  [[nodiscard]] static ResourceBundle ofProgram();
+  explicit ResourceBundle(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
   [[nodiscard]] std::optional<std::filesystem::path> pathForResource(
       std::string_view name, std::string_view extension,
@@ -21,8 +20,14 @@ class ResourceBundle : public Bundle {
   [[nodiscard]] std::optional<std::string> contents(
       const std::filesystem::path& path) const override;
 
+  [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
+
  private:
-  std::vector<std::filesystem::path> folders_;
+  std::filesystem::path folder_;
 };
+
+/// Where this program's resources are: the installed folder beside the program
+/// ("../share/mirvanetest") or, when it runs from the build tree, that of the sources.
+[[nodiscard]] std::filesystem::path standardResourceFolder();
 
 }  // namespace mirvane

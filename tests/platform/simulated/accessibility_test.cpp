@@ -5,6 +5,12 @@
 namespace mirvane::simulated {
 namespace {
 
+std::string documentOf(std::size_t length) {
+  std::string document;
+  document.resize(length, 'x');
+  return document;
+}
+
 class SimulatedAccessibility : public testing::Test {
  protected:
   std::shared_ptr<AccessibilityElement> handle() {
@@ -15,7 +21,7 @@ class SimulatedAccessibility : public testing::Test {
 };
 
 TEST_F(SimulatedAccessibility, ReadsOnlyWhatIsAskedForOfALongDocument) {
-  auto& element = desktop.openElement(ElementKind::multiLine, std::string(10'000'000, 'x'));
+  auto& element = desktop.openElement(ElementKind::multiLine, documentOf(10'000'000));
   element.placeCaret(5'000'000);
   desktop.type("a\b😀");
   ASSERT_EQ(handle()->textLength(), 10'000'002);

@@ -1,0 +1,81 @@
+#include "language/dictionary.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include "language/case_pattern.h"
+#include "language/completion_search.h"
+#include "language/guess_search.h"
+
+namespace mirvane {
+
+namespace {
+
+constexpr std::size_t completionCount = 3;
+constexpr GuessLimits guessLimits{.words = 3, .window = 12, .highestCost = 420, .steps = 20000};
+
+bool isTypeable(char c) {
+  return (c >= 'a' && c <= 'z') || c == '\'';
+}
+
+bool isTypeable(std::string_view lowerCase) {
+  return lowerCase.size() <= WordSet::longestWord &&
+         std::ranges::all_of(lowerCase, [](char c) { return isTypeable(c); });
+}
+
+std::vector<std::string> inCasePattern(std::vector<std::string> words, CasePattern pattern) {
+  for (std::string& word : words) word = inCasePattern(std::move(word), pattern);
+  return words;
+}
+
+}  // namespace
+
+Dictionary::Dictionary(const std::filesystem::path& path) : file_(DataFile::open(path, fileKind)) {
+  if (!file_) return;
+  PayloadReader payload(file_->payload());
+  const auto accepted = WordSet::read(payload);
+  const auto offered = WordTrie::read(payload);
+  if (!accepted || !offered) return;
+  accepted_ = *accepted;
+  offered_ = *offered;
+}
+
+bool Dictionary::isCorrect(std::string_view word) const {
+  if (accepted_.contains(word)) return true;
+  // Everything that is not a lower-case letter sorts before 'a' or is no part of a word.
+  if (word.size() > WordSet::longestWord ||
+      std::ranges::none_of(word, [](char c) { return c < 'a'; })) {
+    return false;
+  }
+  const CasePattern pattern = casePatternOf(word);
+  if (pattern == CasePattern::mixed) return false;
+  std::array<char, WordSet::longestWord> lower;
+  std::ranges::transform(word, lower.begin(), asciiLowerCaseLetter);
+  return isKnownInLowerCase({lower.data(), word.size()});
+}
+
+bool Dictionary::isKnownInLowerCase(std::string_view word) const {
+  if (accepted_.contains(word)) return true;
+  if (word.ends_with("'s")) return accepted_.contains(word.substr(0, word.size() - 2));
+  return word.ends_with("s'") && accepted_.contains(word.substr(0, word.size() - 1));
+}
+
+std::vector<std::string> Dictionary::completions(std::string_view prefix) const {
+  const std::string lower = asciiLowerCase(prefix);
+  if (lower.empty()) return {};
+  return inCasePattern(mostFrequentCompletions(offered_, lower, completionCount),
+                       casePatternOf(prefix));
+}
+
+std::vector<std::string> Dictionary::guesses(std::string_view word) const {
+  const std::string lower = asciiLowerCase(word);
+  if (!isTypeable(lower)) return {};
+  std::vector<std::string> words;
+  for (Guess& guess : nearestWords(offered_, lower, guessLimits)) {
+    words.push_back(std::move(guess.word));
+  }
+  return inCasePattern(std::move(words), casePatternOf(word));
+}
+
+}  // namespace mirvane

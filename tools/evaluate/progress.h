@@ -1,0 +1,11 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+
+namespace mirvane {
+
+/// Told after every step of a long run how many of how many are done.
+using Progress = std::function<void(std::size_t done, std::size_t whole)>;
+
+}  // namespace mirvane
