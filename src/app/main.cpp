@@ -47,8 +47,8 @@ int main(int argc, char** argv) {
 
   mirvane::Composition composition;
   mirvane::AppFlowView window({composition.engineServices(), composition.accessibility(),
-                               composition.workspace(), composition.monitors(),
-                               composition.tasks(), composition.clock(), composition.savePanel(),
+                               composition.workspace(), composition.monitors(), composition.tasks(),
+                               composition.clock(), composition.savePanel(),
                                mirvane::loadStudyConfiguration(composition.bundle())});
   window.setWindowTitle(QStringLiteral("MirvaneTest"));
   window.resize(window.minimumSize());

@@ -16,9 +16,10 @@ std::optional<QString> addressInBundle(const Bundle& bundle) {
 
 /// The user's own configuration folder is among those searched, before the system's.
 std::optional<QString> addressOfDeployment() {
-  QFile file(QStandardPaths::locate(QStandardPaths::AppConfigLocation,
-                                    QStringLiteral("study.json")));
-  if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+  const auto path =
+      QStandardPaths::locate(QStandardPaths::AppConfigLocation, QStringLiteral("study.json"));
+  QFile file(path);
+  if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
   return contactAddressIn(file.readAll().toStdString());
 }
 

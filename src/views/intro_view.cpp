@@ -68,7 +68,7 @@ QWidget* IntroView::makeRules() {
       {"tortoise", tr("Type at your natural speed.")},
       {"timer", tr("Do not slow down intentionally.")},
   }};
-  auto* const card = new MirvaneInfoCard(QColor(0xFF, 0x95, 0x00), this);
+  auto* const card = new MirvaneInfoCard(theme::orange(), this);
   card->content().addWidget(new SectionHeading(
       tr("Important rules"), QStringLiteral("exclamationmark.triangle.fill"), {}, card));
   for (const auto& [icon, text] : rules) {

@@ -51,12 +51,12 @@ MirvaneStepSidebar::MirvaneStepSidebar(AppStep currentStep, const QColor& deep, 
 }
 
 QWidget* MirvaneStepSidebar::makeTip() {
-  const QColor orange(0xFF, 0x95, 0x00);
   auto* const holder = new QWidget(this);
   auto* const margins = makeColumn(0, holder);
   margins->setContentsMargins(12, 0, 12, 16);
   auto* const card = new RoundedCard(
-      {.color = orange, .fillOpacity = 0.07, .outlineOpacity = 0.2, .cornerRadius = 8}, holder);
+      {.color = theme::orange(), .fillOpacity = 0.07, .outlineOpacity = 0.2, .cornerRadius = 8},
+      holder);
   auto* const content = makeColumn(5, card);
   content->setContentsMargins(12, 12, 12, 12);
   content->addWidget(new SectionHeading(tr("Tip"), QStringLiteral("lightbulb.fill"),

@@ -26,10 +26,11 @@ PracticeView::PracticeView(const Inputs& inputs, QWidget* parent)
       inputs_(inputs),
       practiceEngine_(inputs.services),
       field_(new QLineEdit(this)) {
-  auto* const suggestions = new SuggestionBar(practiceEngine_, inputs_.sky, this);
+  auto* const suggestions =
+      new SuggestionBar(practiceEngine_, inputs_.sky, SuggestionBar::Placement::inColumn, this);
   connect(suggestions, &SuggestionBar::chosen, this, &PracticeView::apply);
 
-  auto* const scroll = new ScrollColumn(14, this);
+  auto* const scroll = new ScrollColumn(12, this);
   scroll->column().addWidget(
       new PracticeDemonstration(inputs_.practicePrompt, inputs_.deep, inputs_.sky, this));
   scroll->column().addWidget(makeField());

@@ -15,6 +15,8 @@ namespace {
 constexpr int horizontalPadding = 16;
 constexpr int symbolGap = 8;
 constexpr int minimumTarget = 44;
+/// Text widths are rounded: a little more room keeps the last letter from being left out.
+constexpr int textSlack = 4;
 
 }  // namespace
 
@@ -40,7 +42,8 @@ int RoundedButton::symbolSide() const {
 
 QSize RoundedButton::sizeHint() const {
   const int symbolWidth = symbol_.isEmpty() ? 0 : symbolSide() + symbolGap;
-  const int width = fontMetrics().horizontalAdvance(text()) + symbolWidth + 2 * horizontalPadding;
+  const int width =
+      fontMetrics().horizontalAdvance(text()) + textSlack + symbolWidth + 2 * horizontalPadding;
   return {std::max(width, minimumTarget), minimumTarget};
 }
 

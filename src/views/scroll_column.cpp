@@ -7,7 +7,7 @@ namespace mirvane {
 ScrollColumn::ScrollColumn(int spacing, QWidget* parent) : QScrollArea(parent) {
   auto* const content = new QWidget;
   column_ = makeColumn(spacing, content);
-  column_->setContentsMargins(24, 20, 24, 20);
+  column_->setContentsMargins(24, 16, 24, 16);
   setWidget(content);
   setWidgetResizable(true);
   setFrameShape(QFrame::NoFrame);

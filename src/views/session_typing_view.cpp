@@ -48,20 +48,19 @@ InformationStrip* makeStrip(bool hasCycleKey, const QColor& accent, QWidget* par
 SessionTypingView::SessionTypingView(Inputs inputs, QWidget* parent)
     : QWidget(parent),
       inputs_(std::move(inputs)),
-      accent_(hasCycleKey() ? inputs_.sky : inputs_.deep),
-      field_(new QPlainTextEdit(this)) {
-  auto* const scroll = new ScrollColumn(14, this);
-  scroll->column().addWidget(makePromptCard());
-  scroll->column().addWidget(makeField(), 1);
-
-  auto* const suggestions = new SuggestionBar(inputs_.engine, accent_, this);
-  connect(suggestions, &SuggestionBar::chosen, this, &SessionTypingView::apply);
-
+      accent_(hasCycleKey() ? inputs_.sky : inputs_.deep) {
+  // Made in the order in which the eye and the Tab key go through them.
   auto* const column = makeColumn(0, this);
   column->addWidget(makeHeader());
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(makeStrip(hasCycleKey(), accent_, this));
+  auto* const scroll = new ScrollColumn(14, this);
+  scroll->column().addWidget(makePromptCard());
+  scroll->column().addWidget(makeField(), 1);
   column->addWidget(scroll, 1);
+  auto* const suggestions =
+      new SuggestionBar(inputs_.engine, accent_, SuggestionBar::Placement::acrossScreen, this);
+  connect(suggestions, &SuggestionBar::chosen, this, &SessionTypingView::apply);
   column->addWidget(suggestions);
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(makeDoneBar());
@@ -121,6 +120,7 @@ QWidget* SessionTypingView::makePromptCard() {
 
 QWidget* SessionTypingView::makeField() {
   constexpr int minimumFieldHeight = 110;
+  field_ = new QPlainTextEdit(this);
   field_->setObjectName(QStringLiteral("typingField"));
   field_->setAccessibleName(tr("Type the sentence here"));
   field_->setAccessibleDescription(inputs_.prompt);
@@ -131,6 +131,7 @@ QWidget* SessionTypingView::makeField() {
           [this] { inputs_.typedText.set(field_->toPlainText().toStdString()); });
   auto* const frame = new FieldFrame(field_, accent_, this);
   frame->setMinimumHeight(minimumFieldHeight);
+  frame->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   return frame;
 }
 

@@ -55,7 +55,7 @@ class SessionTypingView : public QWidget {
 
   Inputs inputs_;
   QColor accent_;
-  QPlainTextEdit* field_;
+  QPlainTextEdit* field_ = nullptr;
   Subscription typedTextSubscription_;
   Lifetime lifetime_;
 };

@@ -20,10 +20,12 @@ SuggestionChip::Emphasis emphasisOf(std::size_t index, std::int64_t cycleIndex) 
 
 }  // namespace
 
-SuggestionBar::SuggestionBar(const CorrectionEngine& engine, const QColor& accent, QWidget* parent)
+SuggestionBar::SuggestionBar(const CorrectionEngine& engine, const QColor& accent,
+                             Placement placement, QWidget* parent)
     : QWidget(parent),
       engine_(engine),
       accent_(accent),
+      placement_(placement),
       dash_(new TextLabel(tr("—"), 14, QFont::Normal, theme::Tone::tertiary, this)) {
   setAccessibleName(tr("Suggestions"));
   dash_->setObjectName(QStringLiteral("noSuggestions"));
@@ -38,7 +40,8 @@ SuggestionBar::SuggestionBar(const CorrectionEngine& engine, const QColor& accen
 
 void SuggestionBar::makeChips() {
   auto* const row = makeRow(8, this);
-  row->setContentsMargins(24, 8, 24, 8);
+  const int edge = placement_ == Placement::acrossScreen ? 24 : 8;
+  row->setContentsMargins(edge, 8, edge, 8);
   row->addWidget(dash_, 1);
   for (std::size_t i = 0; i < chipCount; ++i) {
     auto* const chip = new SuggestionChip(accent_, this);
@@ -66,7 +69,12 @@ void SuggestionBar::paintEvent(QPaintEvent* /*event*/) {
   QLinearGradient gradient(0, 0, width(), 0);
   gradient.setColorAt(0, theme::withOpacity(accent_, 0.10));
   gradient.setColorAt(1, theme::withOpacity(accent_, 0.03));
-  QPainter(this).fillRect(rect(), gradient);
+  const double cornerRadius = placement_ == Placement::acrossScreen ? 0 : 12;
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(gradient);
+  painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
 }
 
 }  // namespace mirvane

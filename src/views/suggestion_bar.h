@@ -17,8 +17,11 @@ class SuggestionBar : public QWidget {
   Q_OBJECT
 
  public:
+  enum class Placement { acrossScreen, inColumn };
+
   /// The engine must outlive the bar.
-  SuggestionBar(const CorrectionEngine& engine, const QColor& accent, QWidget* parent = nullptr);
+  SuggestionBar(const CorrectionEngine& engine, const QColor& accent, Placement placement,
+                QWidget* parent = nullptr);
 
  Q_SIGNALS:
   /// A chip was tapped.
@@ -35,6 +38,7 @@ class SuggestionBar : public QWidget {
 
   const CorrectionEngine& engine_;
   QColor accent_;
+  Placement placement_;
   TextLabel* dash_;
   std::array<SuggestionChip*, chipCount> chips_{};
   std::array<Subscription, 2> subscriptions_;

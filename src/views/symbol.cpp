@@ -84,7 +84,7 @@ void Symbol::setColor(const QColor& color) {
 
 void Symbol::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QColor color = color_.isValid() ? color_ : theme::color(tone_, palette());
+  const QColor color = color_.isValid() ? color_ : theme::symbolColor(tone_, palette());
   drawSymbol(painter, rect(), name_, side_, color);
 }
 

@@ -7,8 +7,8 @@
 namespace mirvane::theme {
 namespace {
 
-constexpr double readableContrast = 4.5;
 constexpr double minimumButtonContrast = 3.0;
+constexpr QColor green(0x28, 0xA7, 0x45);
 
 QColor blend(const QColor& front, const QColor& back, double share) {
   const auto mix = [share](double a, double b) {
@@ -42,6 +42,9 @@ QColor deep() {
 QColor sky() {
   return QColor::fromRgbF(0.47F, 0.63F, 0.94F);
 }
+QColor orange() {
+  return {0xFF, 0x95, 0x00};
+}
 
 bool isDark(const QPalette& palette) {
   return luminance(window(palette)) < 0.2;
@@ -53,7 +56,9 @@ double contrast(const QColor& a, const QColor& b) {
   return std::max(first, second) / std::min(first, second);
 }
 
-QColor color(Tone tone, const QPalette& palette) {
+namespace {
+
+QColor toneColor(Tone tone, const QPalette& palette, double wantedContrast) {
   switch (tone) {
     case Tone::primary:
       return text(palette);
@@ -62,14 +67,24 @@ QColor color(Tone tone, const QPalette& palette) {
     case Tone::tertiary:
       return blend(text(palette), window(palette), 0.5);
     case Tone::warning:
-      return readable(QColor(0xFF, 0x95, 0x00), palette);
+      return readable(orange(), palette, wantedContrast);
     case Tone::success:
-      return readable(QColor(0x28, 0xA7, 0x45), palette);
+      return readable(green, palette, wantedContrast);
   }
   return text(palette);
 }
 
-QColor readable(const QColor& accent, const QPalette& palette) {
+}  // namespace
+
+QColor color(Tone tone, const QPalette& palette) {
+  return toneColor(tone, palette, textContrast);
+}
+
+QColor symbolColor(Tone tone, const QPalette& palette) {
+  return toneColor(tone, palette, symbolContrast);
+}
+
+QColor readable(const QColor& accent, const QPalette& palette, double wantedContrast) {
   const QColor background = window(palette);
   const double step = isDark(palette) ? 0.02 : -0.02;
   float hue = 0;
@@ -77,7 +92,7 @@ QColor readable(const QColor& accent, const QPalette& palette) {
   float lightness = 0;
   accent.getHslF(&hue, &saturation, &lightness);
   QColor result = accent;
-  for (double l = lightness; contrast(result, background) < readableContrast; l += step) {
+  for (double l = lightness; contrast(result, background) < wantedContrast; l += step) {
     if (l < 0 || l > 1) break;
     result = QColor::fromHslF(hue, saturation, static_cast<float>(l));
   }

@@ -12,15 +12,23 @@ namespace mirvane::theme {
 [[nodiscard]] QColor deep();
 [[nodiscard]] QColor sky();
 
+/// The colour of warnings and tips.
+[[nodiscard]] QColor orange();
+
 /// How much a text or a symbol stands out.
 enum class Tone { primary, secondary, tertiary, warning, success };
 
 [[nodiscard]] bool isDark(const QPalette& palette);
 [[nodiscard]] QColor color(Tone tone, const QPalette& palette);
+/// The same for symbols, which are read at a lower contrast than texts.
+[[nodiscard]] QColor symbolColor(Tone tone, const QPalette& palette);
 
-/// `accent`, moved just far enough from the window colour to be read on it (contrast 4.5:1,
-/// WCAG 2.1, 1.4.3).
-[[nodiscard]] QColor readable(const QColor& accent, const QPalette& palette);
+/// `accent`, moved just far enough from the window colour to be read on it: texts need a contrast
+/// of 4.5:1 (WCAG 2.1, 1.4.3), symbols of 3:1 (1.4.11).
+inline constexpr double textContrast = 4.5;
+inline constexpr double symbolContrast = 3;
+[[nodiscard]] QColor readable(const QColor& accent, const QPalette& palette,
+                              double wantedContrast = textContrast);
 
 /// The colour of text on a surface filled with `surface`: white, or `deep` where white is too pale.
 [[nodiscard]] QColor textOn(const QColor& surface);
