@@ -4,6 +4,8 @@ add_library(mirvane_options INTERFACE)
 target_compile_options(mirvane_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
   -Woverloaded-virtual -Werror
+  # GCC 12 warns wrongly about text + std::string (GCC bug 105651).
+  -Wno-restrict
   # Scores are compared for ties: a fused multiply-add would round differently on some machines.
   -ffp-contract=off)
 

@@ -9,11 +9,7 @@
 #include "evaluate/share.h"
 #include "evaluate/tab_separated.h"
 #include "evaluate/typing_rhythm.h"
-#include "model/user_settings.h"
-#include "platform/simulated/desktop.h"
-#include "platform/simulated/in_memory_user_defaults.h"
-#include "session/correction_engine.h"
-#include "suggest/suggestion_engine.h"
+#include "support/simulated_session.h"
 #include "text/characters.h"
 #include "text/letter_case.h"
 #include "text/word_boundaries.h"
@@ -53,15 +49,7 @@ std::string_view bareWord(std::string_view token) {
 class Sentence {
  public:
   Sentence(ShippedResources& shipped, Latencies& latencies)
-      : field_(desktop_.openElement(simulated::ElementKind::multiLine, "", {{}, true})),
-        settings_(defaults_, desktop_.workspace()),
-        suggestionEngine_(shipped.typingConfig(), settings_, shipped.language()),
-        engine_({{desktop_.monitors(), desktop_.workspace(), desktop_.tasks()},
-                 {shipped.typingConfig(), settings_, suggestionEngine_, desktop_.accessibility(),
-                  desktop_.poster(), desktop_.clock()}}),
-        latencies_(latencies) {
-    engine_.startTracking();
-  }
+      : session_(shipped.typingConfig(), shipped.language()), latencies_(latencies) {}
 
   void type(std::string_view sentence) {
     for (const auto character : text::characters(sentence)) {
@@ -75,7 +63,7 @@ class Sentence {
     endToken();
   }
 
-  [[nodiscard]] std::string finalText() const { return field_.text(); }
+  [[nodiscard]] std::string finalText() const { return session_.field().text(); }
 
   /// The chips that stood there when each token's word ended.
   [[nodiscard]] const std::vector<Texts>& offered() const { return offered_; }
@@ -83,12 +71,13 @@ class Sentence {
  private:
   void strike(std::string_view character) {
     const auto key = simulated::keyStrokeOrText(character);
-    desktop_.advance(gapBefore(key, previousKey_));
-    desktop_.keyboard().press(key);
-    latencies_.measure([&] { desktop_.settle(); });
+    auto& desktop = session_.desktop();
+    desktop.advance(gapBefore(key, previousKey_));
+    desktop.keyboard().press(key);
+    latencies_.measure([&] { desktop.settle(); });
     // The key that ends the word leaves no suggestions: those of its last letter count.
-    if (!text::isBoundaryKeyText(character)) latest_ = *engine_.suggestions();
-    desktop_.keyboard().release(key);
+    if (!text::isBoundaryKeyText(character)) latest_ = *session_.engine().suggestions();
+    desktop.keyboard().release(key);
     previousKey_ = key;
   }
 
@@ -98,12 +87,7 @@ class Sentence {
     latest_.clear();
   }
 
-  simulated::Desktop desktop_;
-  simulated::InMemoryUserDefaults defaults_;
-  simulated::TextElement& field_;
-  UserSettings settings_;
-  SuggestionEngine suggestionEngine_;
-  CorrectionEngine engine_;
+  SimulatedSession session_;
   Latencies& latencies_;
   simulated::KeyStroke previousKey_;
   bool isTokenOpen_ = false;

@@ -24,7 +24,7 @@ struct RecordedEvent {
   std::uint16_t keyCode = 0;
   std::optional<std::string> text = {};
   std::uint64_t flags = 0;
-  std::string app = {};        ///< the application that became active
+  std::string app = {};   ///< the application that became active
   std::size_t index = 0;  ///< the chip that was picked
 };
 

@@ -3,14 +3,11 @@
 #include <chrono>
 
 #include "capture/cycle_key_monitor.h"
-#include "platform/simulated/in_memory_bundle.h"
 
 namespace mirvane {
 namespace {
 
 using simulated::ElementKind;
-
-constexpr const char* studyIdentifier = "org.mirvane.MirvaneTest";
 
 ElementKind elementKindOf(RecordedField::Kind kind) {
   switch (kind) {
@@ -31,6 +28,12 @@ TypingConfig typingConfigOf(const Recording& recording, ShippedResources& shippe
   return *recording.parameters ? parseTypingConfig(**recording.parameters) : TypingConfig{};
 }
 
+SimulatedField fieldOf(const Recording& recording) {
+  SimulatedField field{.kind = elementKindOf(recording.field.kind), .text = recording.field.text};
+  if (recording.settings.frontmost) field.application = *recording.settings.frontmost;
+  return field;
+}
+
 Clock::DateTime secondsAfter(Clock::DateTime start, double seconds) {
   return start +
          std::chrono::round<Clock::DateTime::duration>(std::chrono::duration<double>(seconds));
@@ -44,83 +47,75 @@ VocabularyTable tableOf(const RecordedLanguage::Weights& weights) {
 
 }  // namespace
 
-struct RecordedSession::OwnLanguage {
+class RecordedSession::OwnLanguage {
+ public:
   explicit OwnLanguage(const RecordedLanguage& recorded)
-      : spellChecker(recorded.words),
-        embedding(recorded.distances),
-        tagger(recorded.tags),
-        vocabulary{tableOf(recorded.unigrams), tableOf(recorded.bigrams)},
-        hasEmbedding(recorded.hasEmbedding) {}
+      : spellChecker_(recorded.words),
+        embedding_(recorded.distances),
+        tagger_(recorded.tags),
+        vocabulary_{tableOf(recorded.unigrams), tableOf(recorded.bigrams)},
+        hasEmbedding_(recorded.hasEmbedding) {}
 
   [[nodiscard]] LanguageServices services() const {
-    return {spellChecker, hasEmbedding ? &embedding : nullptr, tagger, vocabulary};
+    return {spellChecker_, hasEmbedding_ ? &embedding_ : nullptr, tagger_, vocabulary_};
   }
 
-  simulated::ScriptedSpellChecker spellChecker;
-  simulated::ScriptedWordEmbedding embedding;
-  simulated::ScriptedLexicalTagger tagger;
-  ContextScore::Vocabulary vocabulary;
-  bool hasEmbedding;
+ private:
+  simulated::ScriptedSpellChecker spellChecker_;
+  simulated::ScriptedWordEmbedding embedding_;
+  simulated::ScriptedLexicalTagger tagger_;
+  ContextScore::Vocabulary vocabulary_;
+  bool hasEmbedding_;
 };
 
 RecordedSession::RecordedSession(const Recording& recording, ShippedResources& shipped,
                                  Clock::DateTime start)
-    : recording_(recording),
-      start_(start),
-      field_(openField()),
-      settings_(defaults_, desktop_.workspace()),
-      ownLanguage_(recording.language ? std::make_shared<OwnLanguage>(*recording.language)
-                                      : nullptr),
-      config_(typingConfigOf(recording, shipped)),
-      suggestionEngine_(config_, settings_,
-                        ownLanguage_ ? ownLanguage_->services() : shipped.language()),
-      engine_(engineServices()) {
+    : recording_(recording), start_(start), config_(typingConfigOf(recording, shipped)) {
+  if (recording.language) ownLanguage_ = std::make_unique<OwnLanguage>(*recording.language);
+  session_ = std::make_unique<SimulatedSession>(
+      config_, ownLanguage_ ? ownLanguage_->services() : shipped.language(), fieldOf(recording));
+  startClocks();
+  if (recording.field.caret) session_->field().placeCaret(*recording.field.caret);
   applySettings();
-  engine_.startTracking();
   if (recording.session == 2) installCycleKey();
 }
 
-/// The study's own window with its text field; the clocks show the start of the session.
-simulated::TextElement& RecordedSession::openField() {
-  desktop_.clock().setMonotonicSeconds(0);
-  desktop_.clock().setNow(start_);
-  const auto& field = recording_.field;
-  auto& element =
-      desktop_.openElement(elementKindOf(field.kind), field.text,
-                           {recording_.settings.frontmost.value_or(studyIdentifier), true});
-  if (field.caret) element.placeCaret(*field.caret);
-  return element;
-}
+RecordedSession::~RecordedSession() = default;
 
-EngineServices RecordedSession::engineServices() {
-  return {{desktop_.monitors(), desktop_.workspace(), desktop_.tasks()},
-          {config_, settings_, suggestionEngine_, desktop_.accessibility(), desktop_.poster(),
-           desktop_.clock()}};
+/// The session begins now: at second 0 of the recording.
+void RecordedSession::startClocks() {
+  session_->desktop().clock().setMonotonicSeconds(0);
+  session_->desktop().clock().setNow(start_);
+  session_->engine().reset();
 }
 
 void RecordedSession::applySettings() {
-  const auto& settings = recording_.settings;
-  if (settings.isAutoCorrectionEnabled) {
-    settings_.setIsAutoCorrectionEnabled(*settings.isAutoCorrectionEnabled);
+  const auto& wanted = recording_.settings;
+  auto& settings = session_->settings();
+  if (wanted.isAutoCorrectionEnabled) {
+    settings.setIsAutoCorrectionEnabled(*wanted.isAutoCorrectionEnabled);
   }
-  if (settings.allowList) settings_.setAllowList(*settings.allowList);
-  if (settings.disabledAppBundleIDs) {
-    settings_.setDisabledAppBundleIDs(*settings.disabledAppBundleIDs);
+  if (wanted.allowList) settings.setAllowList(*wanted.allowList);
+  if (wanted.disabledAppBundleIDs) {
+    settings.setDisabledAppBundleIDs(*wanted.disabledAppBundleIDs);
   }
 }
 
 void RecordedSession::installCycleKey() {
-  installCycleKeyMonitor(desktop_.monitors(), desktop_.tasks(), cycleKeyMonitor_, [this] {
-    engine_.typingViewModel().suggestionCycler().cycle();
-    engine_.refreshSuggestions();
+  auto& desktop = session_->desktop();
+  auto& engine = session_->engine();
+  installCycleKeyMonitor(desktop.monitors(), desktop.tasks(), cycleKeyMonitor_, [&engine] {
+    engine.typingViewModel().suggestionCycler().cycle();
+    engine.refreshSuggestions();
   });
 }
 
 void RecordedSession::play(const RecordedEvent& event) {
   using Kind = RecordedEvent::Kind;
-  desktop_.advanceTo(event.t);
+  auto& desktop = session_->desktop();
+  desktop.advanceTo(event.t);
   if (isDone_) return;
-  auto& keyboard = desktop_.keyboard();
+  auto& keyboard = desktop.keyboard();
   const simulated::KeyStroke key{event.keyCode, event.text, event.flags};
   switch (event.kind) {
     case Kind::down:
@@ -134,7 +129,7 @@ void RecordedSession::play(const RecordedEvent& event) {
       break;
     case Kind::pointer:
       // A click that reached another application and left the field the focus.
-      engine_.keyInputTracker().handlePointerDown();
+      session_->engine().keyInputTracker().handlePointerDown();
       break;
     case Kind::activate:
       activate(event.app);
@@ -149,7 +144,7 @@ void RecordedSession::play(const RecordedEvent& event) {
       finish();
       break;
   }
-  desktop_.settle();
+  desktop.settle();
 }
 
 void RecordedSession::playAll() {
@@ -158,25 +153,26 @@ void RecordedSession::playAll() {
 
 /// A recording has one text field: whichever application becomes active holds it.
 void RecordedSession::activate(const std::string& app) {
-  auto& application = *desktop_.workspace().frontmost();
-  application.setBundleIdentifier(app);
-  desktop_.workspace().activate(application);
+  auto& workspace = session_->desktop().workspace();
+  workspace.frontmost()->setBundleIdentifier(app);
+  workspace.activate(*workspace.frontmost());
 }
 
 void RecordedSession::pickChip(std::size_t index) {
-  if (index >= engine_.suggestions()->size()) return;
-  engine_.typingViewModel().applySuggestion((*engine_.suggestions())[index]);
-  engine_.refreshSuggestions();
+  auto& engine = session_->engine();
+  if (index >= engine.suggestions()->size()) return;
+  engine.typingViewModel().applySuggestion((*engine.suggestions())[index]);
+  engine.refreshSuggestions();
 }
 
 void RecordedSession::reset() {
-  engine_.reset();
-  field_.setText({});
+  session_->engine().reset();
+  session_->field().setText({});
 }
 
 void RecordedSession::finish() {
-  removeCycleKeyMonitor(desktop_.monitors(), cycleKeyMonitor_);
-  engine_.stopTracking();
+  removeCycleKeyMonitor(session_->desktop().monitors(), cycleKeyMonitor_);
+  session_->engine().stopTracking();
   isDone_ = true;
 }
 
@@ -185,7 +181,8 @@ Clock::DateTime RecordedSession::end() const {
 }
 
 SessionSnapshot RecordedSession::snapshot() const {
-  return makeSessionSnapshot(recording_.session, recording_.prompt, field_.text(), engine_, end());
+  return makeSessionSnapshot(recording_.session, recording_.prompt, field().text(), engine(),
+                             end());
 }
 
 }  // namespace mirvane

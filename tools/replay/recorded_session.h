@@ -4,16 +4,13 @@
 #include <memory>
 #include <optional>
 
-#include "model/user_settings.h"
+#include "model/typing_config.h"
 #include "platform/clock.h"
 #include "platform/event_monitors.h"
-#include "platform/simulated/desktop.h"
-#include "platform/simulated/in_memory_user_defaults.h"
 #include "recording/recording.h"
-#include "session/correction_engine.h"
 #include "session/session_snapshot.h"
-#include "suggest/suggestion_engine.h"
 #include "support/shipped_resources.h"
+#include "support/simulated_session.h"
 
 namespace mirvane {
 
@@ -23,6 +20,10 @@ class RecordedSession {
  public:
   /// `start` is the instant of the recording's second 0. Both arguments must outlive the session.
   RecordedSession(const Recording& recording, ShippedResources& shipped, Clock::DateTime start);
+
+  RecordedSession(const RecordedSession&) = delete;
+  RecordedSession& operator=(const RecordedSession&) = delete;
+  ~RecordedSession();
 
   /// Lets one event happen, with everything that follows from it. After a "done" event the screen
   /// is gone: nothing has an effect any more.
@@ -37,12 +38,14 @@ class RecordedSession {
   /// The session frozen at its end.
   [[nodiscard]] SessionSnapshot snapshot() const;
 
-  [[nodiscard]] const CorrectionEngine& engine() const { return engine_; }
-  [[nodiscard]] const simulated::TextElement& field() const { return field_; }
+  [[nodiscard]] const CorrectionEngine& engine() const { return session_->engine(); }
+  [[nodiscard]] const simulated::TextElement& field() const { return session_->field(); }
 
  private:
-  [[nodiscard]] simulated::TextElement& openField();
-  [[nodiscard]] EngineServices engineServices();
+  /// The recording's own English.
+  class OwnLanguage;
+
+  void startClocks();
   void applySettings();
   void installCycleKey();
   void activate(const std::string& app);
@@ -52,16 +55,9 @@ class RecordedSession {
 
   const Recording& recording_;
   const Clock::DateTime start_;
-  simulated::Desktop desktop_;
-  simulated::InMemoryUserDefaults defaults_;
-  simulated::TextElement& field_;
-  UserSettings settings_;
-  /// Stand in for the shipped resources where the recording brings its own.
-  struct OwnLanguage;
-  std::shared_ptr<OwnLanguage> ownLanguage_;
   const TypingConfig config_;
-  SuggestionEngine suggestionEngine_;
-  CorrectionEngine engine_;
+  std::unique_ptr<OwnLanguage> ownLanguage_;
+  std::unique_ptr<SimulatedSession> session_;
   std::optional<MonitorHandle> cycleKeyMonitor_;
   bool isDone_ = false;
 };
