@@ -14,7 +14,7 @@ namespace {
 void setIdentity() {
   QApplication::setApplicationName(QStringLiteral("mirvanetest"));
   QApplication::setApplicationDisplayName(QStringLiteral("MirvaneTest"));
-  QGuiApplication::setDesktopFileName(QStringLiteral("mirvanetest"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.mirvane.MirvaneTest"));
 }
 
 /// Inter where it is installed, else the desktop's own font.

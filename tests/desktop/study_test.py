@@ -11,8 +11,8 @@ from keyboard import LEFT_ALT, RIGHT_ALT, CONTROL, read_recording
 from study import BUILD, Study, set_accessibility, wait_for
 
 # Recordings of the typist whose decisions stay the same when every key comes up to 25 ms late.
-SESSION1_SEED = os.environ.get("SESSION1_SEED", "1")
-SESSION2_SEED = os.environ.get("SESSION2_SEED", "1")
+SESSION1_SEED = os.environ.get("SESSION1_SEED", "3")
+SESSION2_SEED = os.environ.get("SESSION2_SEED", "4")
 
 
 def record(session, seed, folder):
