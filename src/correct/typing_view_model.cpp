@@ -203,12 +203,14 @@ std::optional<ContextSignals> TypingViewModel::contextSignals() const {
                                services_.suggestionEngine.contextScore.tagger());
 }
 
-void TypingViewModel::applySuggestion(std::string suggestion) {
+void TypingViewModel::applySuggestion(const std::string& picked) {
   if (!*services_.settings.isAutoCorrectionEnabled()) {
     setTypingInfo({});
     feedbackType_.set(std::nullopt);
     return;
   }
+  // All copies: whoever is told of the correction may replace the lists they came from.
+  const std::string suggestion = picked;
   const auto [text, word, suggestions, isShown] = *typingInfo_;
   const auto target = *cachedAXTargetForCurrentWord_;
   const auto result = replacement_.replaceCurrentWord(word, suggestion, target);

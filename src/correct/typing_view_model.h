@@ -61,9 +61,8 @@ class TypingViewModel {
   /// Handles the latest key press, given the tracker's whole list, newest first.
   void processKeyEvents(const KeyEventList& events);
 
-  /// Puts a suggestion that the participant picked in place of the word being typed. Taken by
-  /// value: the list it was picked from is replaced meanwhile.
-  void applySuggestion(std::string suggestion);
+  /// Puts a suggestion that the participant picked in place of the word being typed.
+  void applySuggestion(const std::string& picked);
 
   /// Forgets the word, the typing state, the feedback and what could be cycled.
   void clear();

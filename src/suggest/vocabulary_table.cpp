@@ -4,12 +4,24 @@
 
 #include <bit>
 #include <functional>
+#include <limits>
 
 #include "text/canonical.h"
 #include "text/scalars.h"
 
 namespace mirvane {
 namespace {
+
+constexpr std::size_t longestKey = std::numeric_limits<std::uint16_t>::max();
+
+std::size_t hashOf(std::string_view key) {
+  return std::hash<std::string_view>{}(key);
+}
+
+/// The upper bits: the lower ones choose the slot.
+std::uint16_t tagOf(std::size_t hash) {
+  return static_cast<std::uint16_t>(hash >> 48);
+}
 
 VocabularyTable parseVocabularyTable(std::string_view json) {
   simdjson::dom::parser parser;
@@ -33,15 +45,16 @@ void VocabularyTable::reserve(std::size_t entries) {
 }
 
 void VocabularyTable::insert(std::string_view key, double weight) {
-  // An empty key can never be asked for: every look-up holds a word.
-  if (key.empty()) return;
   const std::string canonical = text::isAscii(key) ? std::string() : text::canonicalForm(key);
   if (!canonical.empty()) key = canonical;
+  if (key.empty() || key.size() > longestKey) return;
   if (slots_.size() < (size_ + 1) * 3 / 2) grow(std::bit_ceil((size_ + 1) * 3));
-  Slot& slot = slots_[slotOf(key)];
+  const std::size_t hash = hashOf(key);
+  Slot& slot = slots_[slotOf(key, hash)];
   if (slot.keyLength == 0) {
     slot.keyStart = static_cast<std::uint32_t>(keys_.size());
-    slot.keyLength = static_cast<std::uint32_t>(key.size());
+    slot.keyLength = static_cast<std::uint16_t>(key.size());
+    slot.tag = tagOf(hash);
     keys_ += key;
     ++size_;
   }
@@ -49,16 +62,20 @@ void VocabularyTable::insert(std::string_view key, double weight) {
 }
 
 double VocabularyTable::weight(std::string_view key) const {
-  if (slots_.empty() || key.empty()) return 0;
-  if (!text::isAscii(key)) return slots_[slotOf(text::canonicalForm(key))].weight;
-  return slots_[slotOf(key)].weight;
+  if (slots_.empty()) return 0;
+  const std::string canonical = text::isAscii(key) ? std::string() : text::canonicalForm(key);
+  if (!canonical.empty()) key = canonical;
+  return slots_[slotOf(key, hashOf(key))].weight;
 }
 
 /// The slot that holds the key, or the free one where it belongs.
-std::size_t VocabularyTable::slotOf(std::string_view key) const {
+std::size_t VocabularyTable::slotOf(std::string_view key, std::size_t hash) const {
   const std::size_t mask = slots_.size() - 1;
-  std::size_t index = std::hash<std::string_view>{}(key)&mask;
-  while (slots_[index].keyLength != 0 && keyOf(slots_[index]) != key) index = (index + 1) & mask;
+  std::size_t index = hash & mask;
+  while (slots_[index].keyLength != 0 &&
+         (slots_[index].tag != tagOf(hash) || keyOf(slots_[index]) != key)) {
+    index = (index + 1) & mask;
+  }
   return index;
 }
 
@@ -70,7 +87,9 @@ void VocabularyTable::grow(std::size_t capacity) {
   std::vector<Slot> old(capacity);
   old.swap(slots_);
   for (const Slot& slot : old) {
-    if (slot.keyLength != 0) slots_[slotOf(keyOf(slot))] = slot;
+    if (slot.keyLength == 0) continue;
+    const auto key = keyOf(slot);
+    slots_[slotOf(key, hashOf(key))] = slot;
   }
 }
 

@@ -16,7 +16,8 @@ class VocabularyTable {
   /// Makes room for about so many entries.
   void reserve(std::size_t entries);
 
-  /// Adds or replaces an entry. Canonically equivalent keys are one.
+  /// Adds or replaces an entry. Canonically equivalent keys are one. Keys that are empty or longer
+  /// than 65,535 bytes, which no word is, are left out.
   void insert(std::string_view key, double weight);
 
   /// The weight of a key, 0 when it is missing.
@@ -27,11 +28,13 @@ class VocabularyTable {
  private:
   struct Slot {
     std::uint32_t keyStart = 0;
-    std::uint32_t keyLength = 0;  ///< 0 marks a free slot
+    std::uint16_t keyLength = 0;  ///< 0 marks a free slot
+    /// Part of the key's hash: most keys that are not the one looked for need no comparison.
+    std::uint16_t tag = 0;
     double weight = 0;
   };
 
-  [[nodiscard]] std::size_t slotOf(std::string_view key) const;
+  [[nodiscard]] std::size_t slotOf(std::string_view key, std::size_t hash) const;
   [[nodiscard]] std::string_view keyOf(const Slot& slot) const;
   void grow(std::size_t capacity);
 

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <string>
@@ -43,7 +45,9 @@ std::string run(const Options& options) {
     throw UsageError("both recordings are of session " + std::to_string(recordings[0].session));
   }
   const auto study = replayStudy(recordings, shipped, *start);
-  return (options.isJson ? jsonOf(study) : reportOf(study)) + '\n';
+  if (options.isJson) return jsonOf(study) + '\n';
+  // A file gets the report as it is saved: nothing follows its last line.
+  return reportOf(study) + (isatty(STDOUT_FILENO) != 0 ? "\n" : "");
 }
 
 }  // namespace

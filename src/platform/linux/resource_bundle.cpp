@@ -1,7 +1,6 @@
 #include "platform/linux/resource_bundle.h"
 
 #include <fstream>
-#include <iterator>
 #include <system_error>
 
 namespace mirvane {
@@ -22,10 +21,11 @@ std::optional<fs::path> ResourceBundle::pathForResource(std::string_view name,
 std::optional<std::string> ResourceBundle::contents(const fs::path& path) const {
   std::error_code error;
   if (!fs::is_regular_file(path, error)) return std::nullopt;
+  const auto size = fs::file_size(path, error);
   std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  std::string contents{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  if (file.bad()) return std::nullopt;
+  if (error || !file) return std::nullopt;
+  std::string contents(size, '\0');
+  if (!file.read(contents.data(), static_cast<std::streamsize>(size))) return std::nullopt;
   return contents;
 }
 
