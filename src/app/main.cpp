@@ -43,6 +43,8 @@ int main(int argc, char** argv) {
   setIdentity();
   QApplication::setStyle(QStringLiteral("Fusion"));
   setFont();
+  // A steady caret is easier to find, and an idle study sleeps.
+  QApplication::setCursorFlashTime(0);
   QApplication::setWindowIcon(makeIcon());
 
   mirvane::Composition composition;

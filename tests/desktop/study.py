@@ -104,6 +104,19 @@ class Study:
         box = element.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
         self.keyboard.click(box.x + box.width // 2, box.y + box.height // 2)
 
+    def press_by_keyboard(self, name):
+        """Goes to a button with the Tab key and presses it with Return."""
+        def is_focused():
+            return self.await_element(name).get_state_set().contains(Atspi.StateType.FOCUSED)
+
+        for _ in range(10):
+            if is_focused():
+                self.keyboard.type("\r")
+                return
+            self.keyboard.type("\t")
+            time.sleep(0.1)
+        raise NotShown(f"the Tab key does not reach '{name}'")
+
     def chips(self):
         """The suggestions on screen, in order."""
         return [element.get_name().removeprefix("Apply ")
