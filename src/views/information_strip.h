@@ -6,6 +6,8 @@
 
 namespace mirvane {
 
+class Symbol;
+
 /// A strip across the screen, faintly in the accent colour: a title and secondary lines.
 class InformationStrip : public QWidget {
   Q_OBJECT
@@ -16,9 +18,11 @@ class InformationStrip : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   QColor accent_;
+  Symbol* symbol_;
 };
 
 }  // namespace mirvane

@@ -38,7 +38,9 @@ void SuggestionChip::setSuggestion(const QString& suggestion, Emphasis emphasis)
 
 RoundedButton::Look SuggestionChip::look() const {
   constexpr double cornerRadius = 9;
-  const QColor accent = theme::readable(accent_, palette());
+  // The text stands on a tint of its own colour, which takes contrast away.
+  constexpr double contrastOnWindow = 6.5;
+  const QColor accent = theme::readable(accent_, palette(), contrastOnWindow);
   const bool isDark = theme::isDark(palette());
   const QColor shade = isDark ? accent : accent_;
   const QColor secondary = theme::color(theme::Tone::secondary, palette());

@@ -112,8 +112,26 @@ _CODE_OF_VIRTUAL = {virtual: start + index for start, row in _VIRTUAL.items()
 _CODE_OF_VIRTUAL.update({49: 65, 36: 36, 51: 22})
 
 
+_VIRTUAL_OF_CODE = {code: virtual for virtual, code in _CODE_OF_VIRTUAL.items()}
+
+
 def _code_of_virtual_key(virtual):
     return _CODE_OF_VIRTUAL[virtual]
+
+
+def write_recording(path, session, text, keys_per_second):
+    """The recording of a text in small letters, typed at an even pace."""
+    gap = 1 / keys_per_second
+    with open(path, "w", encoding="utf-8") as file:
+        def line(**fields):
+            print(json.dumps(fields), file=file)
+
+        line(recording=1, session=session, prompt=text)
+        for index, character in enumerate(text):
+            virtual = _VIRTUAL_OF_CODE[_key_of(character)[0]]
+            line(t=index * gap, type="down", keyCode=virtual, text=character, flags=0)
+            line(t=(index + 0.5) * gap, type="up", keyCode=virtual)
+        line(t=(len(text) + 1) * gap, type="done")
 
 
 def read_recording(path):
