@@ -143,13 +143,16 @@ class Study:
             raise AssertionError(f"the field reads {self.text(name)!r}, not {wanted!r}") from None
 
     def await_focus(self, name):
-        wait_for(lambda: self.await_element(name).get_state_set().contains(
-            Atspi.StateType.FOCUSED), f"'{name}' has no focus")
+        def is_focused():
+            return any(element.get_name() == name and element.get_state_set().contains(
+                Atspi.StateType.FOCUSED) for element in self._walk(self._application))
+
+        wait_for(is_focused, f"'{name}' has no focus")
 
     # The way through the study.
 
     def go_to_practice(self):
-        self.await_element("Start")
+        self.await_focus("Start")
         self.keyboard.type("\r")
         self.await_focus("Type a single word")
 
@@ -173,10 +176,22 @@ class Study:
         self.click("Done — See Results")
         self.await_element("Save Results…")
 
+    def focused_field(self):
+        """The text of the text field with the focus; none when something else has it."""
+        for element in self._walk(self._application):
+            if (element.get_role() == Atspi.Role.TEXT
+                    and element.get_state_set().contains(Atspi.StateType.FOCUSED)):
+                field = element.get_text_iface()
+                return field.get_text(0, field.get_character_count())
+        return None
+
     def save_as(self, path):
-        """Through the save panel, which has the file name selected."""
+        """Through the save panel, whose suggested file name has the focus."""
         wait_for(lambda: self.find("Save Results…") or self.find("Saved ✓"), "the save button")
         self.click("Save Results…" if self.find("Save Results…") else "Saved ✓")
         self.await_element("Save result and send to study@mirvane.example")
+        wait_for(lambda: (self.focused_field() or "").startswith("MirvaneTest_"), "the file name")
         self.keyboard.chord(37, "a")
-        self.keyboard.type(path + "\r", keys_per_second=40)
+        self.keyboard.type(path)
+        wait_for(lambda: self.focused_field() == path, f"'{path}' in the save panel")
+        self.keyboard.type("\r")
