@@ -41,3 +41,9 @@ function(mirvane_program name)
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE mirvane_options ${ARG_LINK})
 endfunction()
+
+# mirvane_use_qt(NAME): lets the toolkit's code generators see the target's sources.
+function(mirvane_use_qt name)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+  target_compile_definitions(${name} PRIVATE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+endfunction()

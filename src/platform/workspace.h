@@ -12,6 +12,9 @@ struct RunningApplication {
   std::optional<std::string> bundleIdentifier;
 };
 
+/// The address of the desktop's accessibility settings, for `Workspace::openUrl`.
+inline constexpr const char* accessibilitySettingsUrl = "settings:accessibility";
+
 /// The applications of the desktop.
 class Workspace {
  public:

@@ -1,0 +1,134 @@
+#include "app/app_flow_view.h"
+
+#include "capture/cycle_key_monitor.h"
+#include "views/accessibility_required_gate_view.h"
+#include "views/divider.h"
+#include "views/intro_view.h"
+#include "views/layouts.h"
+#include "views/mirvane_step_sidebar.h"
+#include "views/practice_view.h"
+#include "views/results_view.h"
+#include "views/session_typing_view.h"
+#include "views/theme.h"
+
+namespace mirvane {
+namespace {
+
+constexpr int refreshMilliseconds = 1000;
+constexpr const char* practicePrompt = "helo";
+constexpr const char* prompt1 =
+    "The quick brown fox jumps over the lazy dog. She sells sea shells by the sea shore every "
+    "morning.";
+constexpr const char* prompt2 =
+    "Please call Stella and ask her to bring these things with her. I went to the store and "
+    "bought some fresh apples yesterday.";
+
+}  // namespace
+
+AppFlowView::AppFlowView(const Services& services, QWidget* parent)
+    : QWidget(parent),
+      services_(services),
+      engine1_(services.engine),
+      engine2_(services.engine),
+      hasAccessibilityAccess_(services.accessibility.isProcessTrusted()),
+      studyOrGate_(new QStackedLayout(this)) {
+  constexpr QSize minimumFrame(760, 600);
+  setMinimumSize(minimumFrame);
+  makeStudy();
+  studyOrGate_->addWidget(new AccessibilityRequiredGateView(
+      services_.accessibility, services_.workspace, theme::deep(), this));
+  showStudyOrGate();
+  refreshTimer_.setTimerType(Qt::CoarseTimer);
+  connect(&refreshTimer_, &QTimer::timeout, this, &AppFlowView::pollPermission);
+  refreshTimer_.start(refreshMilliseconds);
+}
+
+AppFlowView::~AppFlowView() {
+  // The screens use the engines, which are members: they go first.
+  delete screen_;
+  removeCycleKeyMonitor(services_.monitors, cycleKeyMonitor_);
+}
+
+void AppFlowView::makeStudy() {
+  auto* const study = new QWidget(this);
+  study_ = makeRow(0, study);
+  sidebar_ = new MirvaneStepSidebar(step_, theme::deep(), study);
+  study_->addWidget(sidebar_);
+  study_->addWidget(new Divider(Qt::Vertical, study));
+  studyOrGate_->addWidget(study);
+  showStep();
+}
+
+void AppFlowView::advance() {
+  const auto next = stepAfter(step_);
+  if (!next) return;
+  step_ = *next;
+  showStep();
+}
+
+void AppFlowView::showStep() {
+  // The old screen may be the one whose button is being pressed: it goes once that is over.
+  if (screen_ != nullptr) {
+    screen_->hide();
+    screen_->deleteLater();
+  }
+  screen_ = makeScreen();
+  study_->addWidget(screen_, 1);
+  sidebar_->setCurrentStep(step_);
+  screen_->show();
+  screen_->setFocus();
+}
+
+QWidget* AppFlowView::makeScreen() {
+  const auto onNext = [this] { advance(); };
+  switch (step_) {
+    case AppStep::intro:
+      return new IntroView(onNext, theme::deep(), theme::sky());
+    case AppStep::practice:
+      return new PracticeView({services_.engine, cycleKeyMonitor_, services_.monitors,
+                               services_.tasks, QString::fromLatin1(practicePrompt), onNext,
+                               theme::deep(), theme::sky()});
+    case AppStep::session1:
+      return makeSession(1);
+    case AppStep::session2:
+      return makeSession(2);
+    case AppStep::results:
+      break;
+  }
+  return makeResults();
+}
+
+QWidget* AppFlowView::makeSession(int number) {
+  const bool isFirst = number == 1;
+  return new SessionTypingView(
+      {number, QString::fromLatin1(isFirst ? prompt1 : prompt2), isFirst ? engine1_ : engine2_,
+       isFirst ? typedText1_ : typedText2_, isFirst ? nullptr : &cycleKeyMonitor_,
+       services_.monitors, services_.tasks, [this] { advance(); }, theme::deep(), theme::sky()});
+}
+
+QWidget* AppFlowView::makeResults() {
+  return new ResultsView({makeSnapshot(1), makeSnapshot(2), services_.study.contactAddress,
+                          services_.savePanel, services_.clock});
+}
+
+SessionSnapshot AppFlowView::makeSnapshot(int number) const {
+  const bool isFirst = number == 1;
+  return makeSessionSnapshot(number, isFirst ? prompt1 : prompt2,
+                             isFirst ? *typedText1_ : *typedText2_, isFirst ? engine1_ : engine2_,
+                             services_.clock.now());
+}
+
+void AppFlowView::pollPermission() {
+  const bool isTrusted = services_.accessibility.isProcessTrusted();
+  if (isTrusted == hasAccessibilityAccess_) return;
+  hasAccessibilityAccess_ = isTrusted;
+  showStudyOrGate();
+}
+
+void AppFlowView::showStudyOrGate() {
+  constexpr int studyIndex = 0;
+  constexpr int gateIndex = 1;
+  studyOrGate_->setCurrentIndex(hasAccessibilityAccess_ ? studyIndex : gateIndex);
+}
+
+}  // namespace mirvane

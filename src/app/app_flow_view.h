@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QStackedLayout>
+#include <QTimer>
+#include <QWidget>
+#include <memory>
+#include <optional>
+
+#include "app/study_configuration.h"
+#include "observation/observable.h"
+#include "platform/accessibility.h"
+#include "platform/save_panel.h"
+#include "platform/workspace.h"
+#include "session/correction_engine.h"
+#include "session/session_snapshot.h"
+#include "views/app_step.h"
+
+namespace mirvane {
+
+class MirvaneStepSidebar;
+
+/// The root view: leads through the steps of the study, or shows the gate while accessibility is
+/// not allowed. Owns what outlives a single screen: the engines and texts of the two sessions and
+/// the slot of the one cycle-key monitor.
+class AppFlowView : public QWidget {
+  Q_OBJECT
+
+ public:
+  struct Services {
+    EngineServices engine;
+    Accessibility& accessibility;
+    Workspace& workspace;
+    EventMonitors& monitors;
+    TaskQueue& tasks;
+    const Clock& clock;
+    SavePanel& savePanel;
+    StudyConfiguration study;
+  };
+
+  explicit AppFlowView(const Services& services, QWidget* parent = nullptr);
+  ~AppFlowView() override;
+  AppFlowView(const AppFlowView&) = delete;
+  AppFlowView& operator=(const AppFlowView&) = delete;
+
+  [[nodiscard]] AppStep step() const { return step_; }
+
+  /// Goes to the next step; stays at the last. There is no way back.
+  void advance();
+
+ private:
+  void makeStudy();
+  void showStep();
+  [[nodiscard]] QWidget* makeScreen();
+  [[nodiscard]] QWidget* makeSession(int number);
+  [[nodiscard]] QWidget* makeResults();
+  [[nodiscard]] SessionSnapshot makeSnapshot(int number) const;
+
+  void pollPermission();
+  void showStudyOrGate();
+
+  Services services_;
+  AppStep step_ = AppStep::intro;
+  CorrectionEngine engine1_;
+  CorrectionEngine engine2_;
+  Observable<std::string> typedText1_;
+  Observable<std::string> typedText2_;
+  std::optional<MonitorHandle> cycleKeyMonitor_;
+  bool hasAccessibilityAccess_;
+  QTimer refreshTimer_;
+  QStackedLayout* studyOrGate_;
+  MirvaneStepSidebar* sidebar_ = nullptr;
+  QBoxLayout* study_ = nullptr;
+  QWidget* screen_ = nullptr;
+};
+
+}  // namespace mirvane

@@ -1,0 +1,150 @@
+#include "platform/linux/qt_event_monitors.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+#include <utility>
+
+#include "platform/key_codes.h"
+#include "platform/linux/key_identity.h"
+#include "platform/linux/synthesized_key_event.h"
+
+namespace mirvane {
+namespace {
+
+constexpr double millisecondsPerSecond = 1000.0;
+
+bool takesTabs(const QWidget& widget) {
+  if (const auto* plain = qobject_cast<const QPlainTextEdit*>(&widget)) {
+    return !plain->tabChangesFocus();
+  }
+  if (const auto* rich = qobject_cast<const QTextEdit*>(&widget)) return !rich->tabChangesFocus();
+  return false;
+}
+
+/// Whether the key works the focused control or moves the focus instead of typing.
+bool worksControl(const QKeyEvent& event) {
+  const auto* const focus = QApplication::focusWidget();
+  if (focus == nullptr) return false;
+  switch (event.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+      return !takesTabs(*focus);
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return qobject_cast<const QAbstractButton*>(focus) != nullptr;
+    default:
+      return false;
+  }
+}
+
+std::optional<std::string> charactersOf(const QKeyEvent& event) {
+  if (event.text().isEmpty()) return std::nullopt;
+  return event.text().toStdString();
+}
+
+EventMask kindOf(const QKeyEvent& event) {
+  return event.type() == QEvent::KeyPress ? EventMask::keyDown : EventMask::keyUp;
+}
+
+}  // namespace
+
+QtEventMonitors::QtEventMonitors(QtTaskQueue& queue, const Clock& clock)
+    : queue_(queue), clock_(clock) {
+  qApp->installEventFilter(this);
+  connect(qApp, &QGuiApplication::applicationStateChanged, this,
+          [this](Qt::ApplicationState state) {
+            if (state != Qt::ApplicationActive) modifierKeys_.forget();
+          });
+}
+
+std::optional<MonitorHandle> QtEventMonitors::addGlobalMonitor(EventMask /*kind*/,
+                                                               Handler /*handler*/) {
+  return std::nullopt;
+}
+
+std::optional<MonitorHandle> QtEventMonitors::addLocalMonitor(EventMask kind, Handler handler) {
+  const MonitorHandle handle{++lastHandle_};
+  monitors_.push_back({handle, kind, std::move(handler)});
+  return handle;
+}
+
+void QtEventMonitors::removeMonitor(MonitorHandle handle) {
+  std::erase_if(monitors_, [&](const Monitor& monitor) { return monitor.handle == handle; });
+}
+
+bool QtEventMonitors::eventFilter(QObject* receiver, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      // The window is the first to get a key and gets it once; the widgets in it may pass it on.
+      if (receiver->isWindowType()) handleKey(static_cast<const QKeyEvent&>(*event));
+      break;
+    case QEvent::InputMethod:
+      if (receiver == QGuiApplication::focusObject()) {
+        handleCommit(static_cast<const QInputMethodEvent&>(*event));
+      }
+      break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      if (receiver->isWindowType()) handlePointerDown(static_cast<const QPointerEvent&>(*event));
+      break;
+    default:
+      break;
+  }
+  return false;
+}
+
+void QtEventMonitors::handleKey(const QKeyEvent& event) {
+  if (const auto* own = dynamic_cast<const SynthesizedKeyEvent*>(&event)) {
+    report({kindOf(event), own->virtualKey(), charactersOf(event), own->modifierFlags(),
+            clock_.monotonicSeconds(), own->userData()});
+    return;
+  }
+  queue_.runPending();
+  const bool isReleaseOfRepeat = event.isAutoRepeat() && event.type() == QEvent::KeyRelease;
+  if (isReleaseOfRepeat || worksControl(event)) return;
+  const auto keyCode = virtualKeyCode(event.nativeScanCode());
+  if (isModifierKeyCode(keyCode)) {
+    handleModifierKey(event, keyCode);
+    return;
+  }
+  report({kindOf(event), keyCode, charactersOf(event), modifierKeys_.flagsAfter(event, keyCode),
+          static_cast<double>(event.timestamp()) / millisecondsPerSecond, 0});
+}
+
+void QtEventMonitors::handleModifierKey(const QKeyEvent& event, std::uint16_t keyCode) {
+  if (event.isAutoRepeat()) return;
+  modifierKeys_.note(keyCode, event.type() == QEvent::KeyPress);
+  report({EventMask::flagsChanged, keyCode, std::nullopt, modifierKeys_.flagsAfter(event, keyCode),
+          static_cast<double>(event.timestamp()) / millisecondsPerSecond, 0});
+}
+
+void QtEventMonitors::handleCommit(const QInputMethodEvent& event) {
+  if (event.commitString().isEmpty()) return;
+  queue_.runPending();
+  report({EventMask::keyDown, keycode::text, event.commitString().toStdString(),
+          modifierKeys_.heldFlags(), clock_.monotonicSeconds(), std::nullopt});
+}
+
+void QtEventMonitors::handlePointerDown(const QPointerEvent& event) {
+  queue_.runPending();
+  InputEvent pressed;
+  pressed.kind = EventMask::pointerDown;
+  pressed.timestamp = static_cast<double>(event.timestamp()) / millisecondsPerSecond;
+  report(pressed);
+}
+
+void QtEventMonitors::report(const InputEvent& event) const {
+  for (const auto& monitor : monitors_) {
+    const auto wanted = static_cast<std::uint64_t>(monitor.kind);
+    if ((wanted & static_cast<std::uint64_t>(event.kind)) != 0) monitor.handler(event);
+  }
+}
+
+}  // namespace mirvane

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QObject>
+#include <vector>
+
+#include "platform/clock.h"
+#include "platform/event_monitors.h"
+#include "platform/linux/modifier_keys.h"
+#include "platform/linux/qt_task_queue.h"
+
+class QInputMethodEvent;
+class QKeyEvent;
+class QPointerEvent;
+
+namespace mirvane {
+
+/// Watches the keys and pointer presses of this application's own windows through an event filter
+/// of the application. Each press is reported once. A held key comes as repeated presses and one
+/// release; a letter composed from several keys comes as one press that carries it.
+///
+/// Keys that work a control are not typing and are not reported: Tab where it moves the focus,
+/// Space and Return on a button.
+class QtEventMonitors : public QObject, public EventMonitors {
+  Q_OBJECT
+
+ public:
+  /// What `queue` holds is run before each new key is delivered.
+  QtEventMonitors(QtTaskQueue& queue, const Clock& clock);
+
+  /// Other applications are not watched.
+  [[nodiscard]] std::optional<MonitorHandle> addGlobalMonitor(EventMask kind,
+                                                              Handler handler) override;
+  [[nodiscard]] std::optional<MonitorHandle> addLocalMonitor(EventMask kind,
+                                                             Handler handler) override;
+  void removeMonitor(MonitorHandle handle) override;
+
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+
+ private:
+  struct Monitor {
+    MonitorHandle handle;
+    EventMask kind;
+    Handler handler;
+  };
+
+  void handleKey(const QKeyEvent& event);
+  void handleModifierKey(const QKeyEvent& event, std::uint16_t keyCode);
+  void handleCommit(const QInputMethodEvent& event);
+  void handlePointerDown(const QPointerEvent& event);
+  void report(const InputEvent& event) const;
+
+  QtTaskQueue& queue_;
+  const Clock& clock_;
+  ModifierKeys modifierKeys_;
+  std::vector<Monitor> monitors_;
+  std::uint64_t lastHandle_ = 0;
+};
+
+}  // namespace mirvane

@@ -1,0 +1,67 @@
+#include "views/accessibility_required_gate_view.h"
+
+#include "views/bordered_button.h"
+#include "views/layouts.h"
+#include "views/symbol.h"
+#include "views/text_label.h"
+#include "views/theme.h"
+
+namespace mirvane {
+namespace {
+
+TextLabel* centred(TextLabel* label) {
+  label->setAlignment(Qt::AlignHCenter);
+  return label;
+}
+
+}  // namespace
+
+AccessibilityRequiredGateView::AccessibilityRequiredGateView(Accessibility& accessibility,
+                                                             Workspace& workspace,
+                                                             const QColor& deep, QWidget* parent)
+    : QWidget(parent),
+      accessibility_(accessibility),
+      workspace_(workspace),
+      settingsFailure_(new TextLabel(
+          tr("This desktop offers no accessibility settings to open. Choose Allow instead."), 13,
+          QFont::Normal, theme::Tone::warning, this)) {
+  settingsFailure_->hide();
+  auto* const texts = makeColumn(6);
+  texts->addWidget(centred(
+      new TextLabel(tr("Accessibility required"), 18, QFont::Bold, theme::Tone::primary, this)));
+  texts->addWidget(centred(new TextLabel(tr("Enable accessibility access to use Mirvane."), 13,
+                                         QFont::Normal, theme::Tone::secondary, this)));
+
+  auto* const column = makeColumn(18, this);
+  column->setContentsMargins(32, 32, 32, 32);
+  column->addStretch(1);
+  column->addWidget(new Symbol(QStringLiteral("hand.raised.fill"), 28, theme::Tone::warning, this),
+                    0, Qt::AlignHCenter);
+  column->addLayout(texts);
+  column->addWidget(makeButtons(deep), 0, Qt::AlignHCenter);
+  column->addWidget(centred(settingsFailure_));
+  column->addStretch(1);
+}
+
+QWidget* AccessibilityRequiredGateView::makeButtons(const QColor& deep) {
+  auto* const buttons = new QWidget(this);
+  auto* const row = makeRow(10, buttons);
+  auto* const allow = new BorderedButton(tr("Allow"), {}, buttons);
+  allow->setObjectName(QStringLiteral("allowButton"));
+  allow->setAccessibleDescription(tr("Asks to switch on accessibility for Mirvane"));
+  connect(allow, &QPushButton::clicked, this, [this] { accessibility_.promptForTrust(); });
+  row->addWidget(allow);
+
+  auto* const settings = new BorderedButton(tr("Settings"), deep, buttons);
+  settings->setObjectName(QStringLiteral("settingsButton"));
+  settings->setAccessibleDescription(tr("Opens the accessibility settings of the desktop"));
+  connect(settings, &QPushButton::clicked, this, [this] { openSettings(); });
+  row->addWidget(settings);
+  return buttons;
+}
+
+void AccessibilityRequiredGateView::openSettings() {
+  settingsFailure_->setVisible(!workspace_.openUrl(accessibilitySettingsUrl));
+}
+
+}  // namespace mirvane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QColor>
+#include <QStringList>
+#include <QWidget>
+
+namespace mirvane {
+
+class Symbol;
+
+/// A strip across the screen, faintly in the accent colour: a title and secondary lines.
+class InformationStrip : public QWidget {
+  Q_OBJECT
+
+ public:
+  InformationStrip(const QString& title, const QStringList& lines, const QColor& accent,
+                   QWidget* parent = nullptr);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  QColor accent_;
+  Symbol* symbol_;
+};
+
+}  // namespace mirvane

@@ -1,0 +1,106 @@
+#include "views/intro_view.h"
+
+#include <array>
+#include <utility>
+
+#include "views/layouts.h"
+#include "views/mirvane_info_card.h"
+#include "views/mirvane_logo.h"
+#include "views/mirvane_primary_button.h"
+#include "views/mirvane_rule_row.h"
+#include "views/scroll_column.h"
+#include "views/section_heading.h"
+#include "views/step_tile.h"
+#include "views/symbol.h"
+#include "views/text_label.h"
+#include "views/theme.h"
+
+namespace mirvane {
+
+IntroView::IntroView(std::function<void()> onNext, const QColor& deep, const QColor& sky,
+                     QWidget* parent)
+    : QWidget(parent) {
+  auto* const scroll = new ScrollColumn(14, this);
+  auto& column = scroll->column();
+  column.addWidget(makeWelcome(deep));
+  column.addWidget(makeIntroduction(deep));
+  column.addWidget(makeRules());
+  column.addWidget(makeSessionFlow(sky));
+  column.addStretch(1);
+  auto* const start = new MirvanePrimaryButton(tr("Start"), QStringLiteral("arrow.right"), deep,
+                                               std::move(onNext), this);
+  start->setObjectName(QStringLiteral("startButton"));
+  start->setAccessibleDescription(tr("Goes to the practice"));
+  column.addWidget(start);
+  makeColumn(0, this)->addWidget(scroll);
+  setFocusProxy(start);
+}
+
+QWidget* IntroView::makeWelcome(const QColor& deep) {
+  auto* const welcome = new QWidget(this);
+  auto* const texts = makeColumn(2);
+  auto* const beta =
+      new TextLabel(tr("Mirvane Beta"), 12, QFont::DemiBold, theme::Tone::secondary, welcome);
+  beta->setAccent(deep);
+  texts->addWidget(beta);
+  texts->addWidget(new TextLabel(tr("Thanks for helping us test Mirvane"), 22, QFont::Bold,
+                                 theme::Tone::primary, welcome));
+  auto* const row = makeRow(14, welcome);
+  row->addWidget(new MirvaneLogo(48, 12, theme::deep(), theme::sky(), welcome));
+  row->addLayout(texts, 1);
+  return welcome;
+}
+
+QWidget* IntroView::makeIntroduction(const QColor& deep) {
+  auto* const card = new MirvaneInfoCard(deep, this);
+  card->content().addWidget(new SectionHeading(tr("Introduction"), {}, {}, card));
+  card->content().addWidget(new TextLabel(
+      tr("Before starting the typing sessions, please review the rules and session flow. Mirvane "
+         "will handle corrections automatically while you type naturally."),
+      13, QFont::Normal, theme::Tone::secondary, card));
+  return card;
+}
+
+QWidget* IntroView::makeRules() {
+  const std::array<std::pair<const char*, QString>, 4> rules{{
+      {"delete.left", tr("Do NOT use Backspace.")},
+      {"hand.raised.fill", tr("Let Mirvane handle corrections.")},
+      {"tortoise", tr("Type at your natural speed.")},
+      {"timer", tr("Do not slow down intentionally.")},
+  }};
+  auto* const card = new MirvaneInfoCard(theme::orange(), this);
+  card->content().addWidget(new SectionHeading(
+      tr("Important rules"), QStringLiteral("exclamationmark.triangle.fill"), {}, card));
+  for (const auto& [icon, text] : rules) {
+    card->content().addWidget(new MirvaneRuleRow(QString::fromLatin1(icon), text, card));
+  }
+  return card;
+}
+
+QWidget* IntroView::makeSessionFlow(const QColor& sky) {
+  struct Step {
+    QString badge, name, description;
+  };
+  const std::array<Step, 4> steps{{
+      {tr("P"), tr("Practice"), tr("Try controls")},
+      {tr("1"), tr("Session 1"), tr("Auto-correct")},
+      {tr("2"), tr("Session 2"), tr("Cycle key ⌥")},
+      {tr("R"), tr("Results"), tr("Save & send")},
+  }};
+  auto* const card = new MirvaneInfoCard(sky, this);
+  card->content().addWidget(new SectionHeading(tr("Session flow"), {}, {}, card));
+  auto* const tiles = makeRow(8);
+  for (const auto& step : steps) {
+    if (tiles->count() > 0) {
+      tiles->addWidget(new Symbol(QStringLiteral("arrow.right"), 12, theme::Tone::tertiary, card),
+                       0, Qt::AlignVCenter);
+    }
+    auto* const tile = new StepTile(step.badge, step.name, step.description, card);
+    tile->setObjectName(QStringLiteral("stepTile"));
+    tiles->addWidget(tile, 1);
+  }
+  card->content().addLayout(tiles);
+  return card;
+}
+
+}  // namespace mirvane

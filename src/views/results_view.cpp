@@ -1,0 +1,115 @@
+#include "views/results_view.h"
+
+#include <QMessageBox>
+#include <utility>
+
+#include "session/results_report.h"
+#include "text/date_format.h"
+#include "views/badge.h"
+#include "views/bar.h"
+#include "views/divider.h"
+#include "views/layouts.h"
+#include "views/mirvane_page_header.h"
+#include "views/mirvane_primary_button.h"
+#include "views/rounded_card.h"
+#include "views/scroll_column.h"
+#include "views/text_file.h"
+#include "views/text_label.h"
+#include "views/theme.h"
+
+namespace mirvane {
+namespace {
+
+std::string suggestedFileName(Clock::DateTime now) {
+  QString time = QString::fromStdString(text::iso8601(now));
+  return QStringLiteral("MirvaneTest_%1.txt").arg(time.replace(u':', u'-')).toStdString();
+}
+
+}  // namespace
+
+ResultsView::ResultsView(Inputs inputs, QWidget* parent)
+    : QWidget(parent), inputs_(std::move(inputs)) {
+  auto* const scroll = new ScrollColumn(14, this);
+  scroll->column().addWidget(makeCompletionCard());
+  scroll->column().addStretch(1);
+
+  saveButton_ = new MirvanePrimaryButton(
+      tr("Save Results…"), QStringLiteral("arrow.down.circle.fill"), theme::deep(),
+      [this] { save(); }, this);
+  saveButton_->setObjectName(QStringLiteral("saveButton"));
+  saveButton_->setAccessibleDescription(tr("Asks where to save the result file"));
+  auto* const buttonBar = new Bar(this);
+  auto* const buttonColumn = makeColumn(0, buttonBar);
+  buttonColumn->setContentsMargins(24, 16, 24, 16);
+  buttonColumn->addWidget(saveButton_);
+
+  auto* const column = makeColumn(0, this);
+  column->addWidget(new MirvanePageHeader(tr("Results"), tr("Mirvane Beta · Typing Study"), this));
+  column->addWidget(scroll, 1);
+  column->addWidget(new Divider(Qt::Horizontal, this));
+  column->addWidget(buttonBar);
+  setFocusProxy(saveButton_);
+}
+
+QWidget* ResultsView::makeCompletionCard() {
+  auto* const card = new RoundedCard({.color = theme::deep(),
+                                      .endColor = theme::sky(),
+                                      .fillOpacity = 0.08,
+                                      .outlineOpacity = 0.18,
+                                      .cornerRadius = 16},
+                                     this);
+  auto* const column = makeColumn(8, card);
+  column->setContentsMargins(24, 28, 24, 28);
+  column->addWidget(
+      new Badge({.symbol = QStringLiteral("checkmark"), .side = 56, .pointSize = 28}, card), 0,
+      Qt::AlignHCenter);
+  const auto add = [&](const QString& text, int size, QFont::Weight weight, theme::Tone tone) {
+    auto* const label = new TextLabel(text, size, weight, tone, card);
+    label->setAlignment(Qt::AlignHCenter);
+    column->addWidget(label);
+  };
+  add(tr("Test Complete"), 20, QFont::Bold, theme::Tone::primary);
+  add(tr("Thank you for participating in the Mirvane Beta test."), 13, QFont::Normal,
+      theme::Tone::secondary);
+  column->addSpacing(12);
+  add(tr("Next steps"), 14, QFont::DemiBold, theme::Tone::primary);
+  add(tr("Save the result file using the button below, then email the file to %1.")
+          .arg(inputs_.contactAddress),
+      13, QFont::Normal, theme::Tone::secondary);
+  add(tr("The file is used only for improving Mirvane. We will notify you before any public "
+         "release or data sharing."),
+      13, QFont::Normal, theme::Tone::secondary);
+  return card;
+}
+
+void ResultsView::save() {
+  const auto path = inputs_.savePanel.run(
+      {suggestedFileName(inputs_.clock.now()), tr("Save").toStdString(),
+       tr("Save result and send to %1").arg(inputs_.contactAddress).toStdString()});
+  if (!path) return;
+  const auto report = resultsReportText(inputs_.snap1, inputs_.snap2, inputs_.clock.now());
+  if (const auto failure = writeTextFile(*path, report)) {
+    showSaveError(*failure);
+  } else {
+    showSaved();
+  }
+}
+
+void ResultsView::showSaveError(const QString& message) {
+  auto* const alert =
+      new QMessageBox(QMessageBox::Warning, tr("Could not save result file"),
+                      tr("Could not save result file"), QMessageBox::NoButton, this);
+  alert->setObjectName(QStringLiteral("saveErrorAlert"));
+  alert->setAttribute(Qt::WA_DeleteOnClose);
+  alert->setInformativeText(message.isEmpty() ? tr("Unknown error") : message);
+  alert->setEscapeButton(alert->addButton(tr("OK"), QMessageBox::RejectRole));
+  alert->open();
+}
+
+void ResultsView::showSaved() {
+  constexpr QColor green(0x24, 0x8A, 0x3D);
+  savedSuccessfully_ = true;
+  saveButton_->setLabel(tr("Saved ✓"), QStringLiteral("checkmark.circle.fill"), green);
+}
+
+}  // namespace mirvane

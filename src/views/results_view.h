@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QWidget>
+#include <optional>
+
+#include "platform/clock.h"
+#include "platform/save_panel.h"
+#include "session/session_snapshot.h"
+
+class QMessageBox;
+
+namespace mirvane {
+
+class MirvanePrimaryButton;
+
+/// Thanks the participant and saves the results report wherever they choose.
+class ResultsView : public QWidget {
+  Q_OBJECT
+
+ public:
+  struct Inputs {
+    SessionSnapshot snap1;
+    SessionSnapshot snap2;
+    QString contactAddress;  ///< of the study team
+    SavePanel& savePanel;
+    const Clock& clock;
+  };
+
+  explicit ResultsView(Inputs inputs, QWidget* parent = nullptr);
+
+  /// True from the first successful save on.
+  [[nodiscard]] bool savedSuccessfully() const { return savedSuccessfully_; }
+
+ private:
+  [[nodiscard]] QWidget* makeCompletionCard();
+  void save();
+  void showSaveError(const QString& message);
+  void showSaved();
+
+  Inputs inputs_;
+  bool savedSuccessfully_ = false;
+  MirvanePrimaryButton* saveButton_;
+};
+
+}  // namespace mirvane

@@ -1,0 +1,114 @@
+#include "views/rounded_button.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "views/symbol.h"
+#include "views/theme.h"
+
+namespace mirvane {
+namespace {
+
+constexpr int horizontalPadding = 16;
+constexpr int symbolGap = 8;
+constexpr int minimumTarget = 44;
+/// Text widths are rounded: a little more room keeps the last letter from being left out.
+constexpr int textSlack = 4;
+
+}  // namespace
+
+RoundedButton::RoundedButton(const QString& text, const QFont& font, QWidget* parent)
+    : QPushButton(text, parent) {
+  setFont(font);
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+  setCursor(Qt::PointingHandCursor);
+}
+
+void RoundedButton::setSymbol(const QString& name, int pointSize) {
+  symbol_ = name;
+  symbolPointSize_ = pointSize;
+  updateGeometry();
+  update();
+}
+
+int RoundedButton::symbolSide() const {
+  constexpr double sidePerPoint = 1.25;
+  return symbol_.isEmpty() ? 0 : static_cast<int>(std::lround(symbolPointSize_ * sidePerPoint));
+}
+
+QSize RoundedButton::sizeHint() const {
+  const int symbolWidth = symbol_.isEmpty() ? 0 : symbolSide() + symbolGap;
+  const int width =
+      fontMetrics().horizontalAdvance(text()) + textSlack + symbolWidth + 2 * horizontalPadding;
+  return {std::max(width, minimumTarget), minimumTarget};
+}
+
+bool RoundedButton::event(QEvent* event) {
+  const auto type = event->type();
+  if (type == QEvent::FocusIn || type == QEvent::FocusOut || type == QEvent::PaletteChange) {
+    update();
+  }
+  return QPushButton::event(event);
+}
+
+void RoundedButton::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isReturn && !event->isAutoRepeat()) {
+    click();
+  } else {
+    QPushButton::keyPressEvent(event);
+  }
+}
+
+void RoundedButton::paintEvent(QPaintEvent* /*event*/) {
+  const Look current = look();
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setOpacity(current.opacity);
+  drawSurface(painter, current);
+  drawContent(painter, current);
+  if (hasFocus()) drawFocusRing(painter, current);
+}
+
+void RoundedButton::drawSurface(QPainter& painter, const Look& current) const {
+  constexpr double hoverShade = 0.08;
+  constexpr double pressedShade = 0.18;
+  const QRectF surface = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter.setPen(QPen(current.outline, 1));
+  painter.setBrush(current.fill);
+  painter.drawRoundedRect(surface, current.cornerRadius, current.cornerRadius);
+  if (!isEnabled() || !(underMouse() || isDown())) return;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(theme::withOpacity(current.content, isDown() ? pressedShade : hoverShade));
+  painter.drawRoundedRect(surface, current.cornerRadius, current.cornerRadius);
+}
+
+void RoundedButton::drawContent(QPainter& painter, const Look& current) const {
+  const int side = symbolSide();
+  const int symbolWidth = side == 0 ? 0 : side + symbolGap;
+  const int room = width() - 2 * horizontalPadding - symbolWidth;
+  const QString label = fontMetrics().elidedText(text(), Qt::ElideRight, room);
+  const int labelWidth = fontMetrics().horizontalAdvance(label);
+  const int left = (width() - labelWidth - symbolWidth) / 2;
+  painter.setPen(current.content);
+  painter.setFont(font());
+  painter.drawText(QRect(left, 0, labelWidth + 1, height()), Qt::AlignVCenter | Qt::AlignLeft,
+                   label);
+  if (side == 0) return;
+  drawSymbol(painter, QRectF(left + labelWidth + symbolGap, (height() - side) / 2.0, side, side),
+             symbol_, side, current.content);
+}
+
+void RoundedButton::drawFocusRing(QPainter& painter, const Look& current) const {
+  constexpr double inset = 3;
+  painter.setPen(QPen(current.content, 2));
+  painter.setBrush(Qt::NoBrush);
+  const double radius = std::max(current.cornerRadius - inset, 2.0);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
+}
+
+}  // namespace mirvane

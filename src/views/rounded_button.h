@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QBrush>
+#include <QPushButton>
+
+namespace mirvane {
+
+/// A button on a rounded rectangle, with a hover, a pressed and a focus look. Return presses it as
+/// Space does. Only the keyboard gives it the focus, so that a click leaves the focus in the text
+/// field.
+class RoundedButton : public QPushButton {
+  Q_OBJECT
+
+ public:
+  RoundedButton(const QString& text, const QFont& font, QWidget* parent);
+
+  /// A symbol behind the text; an empty name takes it away.
+  void setSymbol(const QString& name, int pointSize);
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  struct Look {
+    QBrush fill;
+    QColor outline;  ///< transparent for none
+    QColor content;
+    double cornerRadius = 8;
+    double opacity = 1;
+  };
+
+  [[nodiscard]] virtual Look look() const = 0;
+
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  void drawSurface(QPainter& painter, const Look& look) const;
+  void drawContent(QPainter& painter, const Look& look) const;
+  void drawFocusRing(QPainter& painter, const Look& look) const;
+  [[nodiscard]] int symbolSide() const;
+
+  QString symbol_;
+  int symbolPointSize_ = 0;
+};
+
+}  // namespace mirvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QColor>
+#include <QWidget>
+
+namespace mirvane {
+
+/// A rounded rectangle behind some content: a faint fill in one colour, or from one colour to
+/// another along the diagonal, and a thin outline.
+class RoundedCard : public QWidget {
+  Q_OBJECT
+
+ public:
+  struct Look {
+    QColor color;
+    QColor endColor = {};  ///< of the diagonal; invalid for an even fill
+    double fillOpacity = 0.05;
+    double outlineOpacity = 0.18;
+    double cornerRadius = 12;
+  };
+
+  explicit RoundedCard(const Look& look, QWidget* parent = nullptr);
+
+  void setLook(const Look& look);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Look look_;
+};
+
+}  // namespace mirvane

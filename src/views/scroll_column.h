@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace mirvane {
+
+/// The vertically scrolling column of a screen, 24 pixels from its edges. What has the keyboard
+/// focus is scrolled into view.
+class ScrollColumn : public QScrollArea {
+  Q_OBJECT
+
+ public:
+  explicit ScrollColumn(int spacing, QWidget* parent = nullptr);
+
+  [[nodiscard]] QVBoxLayout& column() { return *column_; }
+
+ private:
+  QVBoxLayout* column_;
+};
+
+}  // namespace mirvane

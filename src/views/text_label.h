@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QLabel>
+
+#include "views/theme.h"
+
+namespace mirvane {
+
+/// A text of the screens: wraps, and keeps its tone when the desktop changes its colours.
+class TextLabel : public QLabel {
+  Q_OBJECT
+
+ public:
+  TextLabel(const QString& text, int pixelSize, QFont::Weight weight, theme::Tone tone,
+            QWidget* parent = nullptr);
+
+  void setTone(theme::Tone tone);
+  /// Draws in `accent`, made readable on the window, instead of the tone's colour.
+  void setAccent(const QColor& accent);
+  /// Draws in exactly this colour, for texts on a surface of their own; an invalid one ends that.
+  void setFixedColor(const QColor& color);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void applyColor();
+  [[nodiscard]] QColor currentColor() const;
+
+  theme::Tone tone_;
+  QColor accent_;
+  QColor fixedColor_;
+};
+
+}  // namespace mirvane

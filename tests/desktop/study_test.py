@@ -1,0 +1,220 @@
+"""The real program under real keys, on a desktop of its own (see private-desktop)."""
+
+import json
+import os
+import re
+import subprocess
+import tempfile
+import time
+import unittest
+
+from keyboard import LEFT_ALT, RIGHT_ALT, CONTROL, read_recording, write_recording
+from study import BUILD, Study, set_accessibility, wait_for
+
+# Recordings of the typist whose decisions stay the same when every key comes up to 25 ms late.
+SESSION1_SEED = os.environ.get("SESSION1_SEED", "3")
+SESSION2_SEED = os.environ.get("SESSION2_SEED", "4")
+
+
+def record(session, seed, folder):
+    """The path of a recording that the typist makes."""
+    path = os.path.join(folder, f"session{session}.jsonl")
+    with open(path, "wb") as file:
+        subprocess.run([os.path.join(BUILD, "mirvane-typist"), "--seed", seed, "--session",
+                        str(session), "--profile", "steady"], stdout=file, check=True)
+    return path
+
+
+def replay(*recordings):
+    return subprocess.run([os.path.join(BUILD, "mirvane-replay"), *recordings],
+                          capture_output=True, text=True, check=True).stdout
+
+
+def without_times(report):
+    """A report without what depends on the clock."""
+    report = re.sub(r"^(Generated|Elapsed|WPM): .*$", r"\1", report, flags=re.M)
+    return re.sub(r"  t=\d\d:\d\d:\d\d$", "", report, flags=re.M).strip()
+
+
+class StudyTest(unittest.TestCase):
+    def setUp(self):
+        set_accessibility(True)
+        self.study = Study()
+        self.addCleanup(self.study.close)
+        self.keyboard = self.study.keyboard
+        self.folder = tempfile.mkdtemp(dir=os.environ["HOME"])
+
+
+class WholeStudy(StudyTest):
+    def test_saved_report_equals_the_replay_of_the_same_keys(self):
+        first = record(1, SESSION1_SEED, self.folder)
+        second = record(2, SESSION2_SEED, self.folder)
+        self.study.go_to_session1()
+        self.keyboard.play(read_recording(first), self.study.pick_chip)
+        self.study.click("Done — Continue to Session 2")
+        self.study.await_element("Done — See Results")
+        self.study.await_focus("Type the sentence here")
+        self.keyboard.play(read_recording(second), self.study.pick_chip)
+        self.study.click("Done — See Results")
+        saved = os.path.join(self.folder, "result.txt")
+        self.study.save_as(saved)
+        self.study.await_element("Saved ✓")
+        with open(saved, encoding="utf-8") as file:
+            report = file.read()
+        self.assertEqual(without_times(report), without_times(replay(first, second)))
+        self.assertIn("[auto-", report)
+        self.assertIn("[cycle]", report)
+
+
+class Practice(StudyTest):
+    def test_start_is_enabled_by_typing_space_and_the_cycle_key(self):
+        self.study.go_to_practice()
+        field = "Type a single word"
+        self.assertFalse(self.study.is_enabled("Start Session 1"))
+        self.keyboard.strike(RIGHT_ALT)
+        self.keyboard.type("helo")
+        self.study.await_element("Type one word, done")
+        self.study.await_element("Press Space, open")
+        self.keyboard.type(" ")
+        self.study.await_element("Press Space, done")
+        self.study.await_text("hello ", field)
+        self.study.await_element("Use Right Option ⌥, open")
+        self.assertFalse(self.study.is_enabled("Start Session 1"))
+        self.keyboard.strike(RIGHT_ALT)
+        self.study.await_element("Use Right Option ⌥, done")
+        self.study.await_enabled("Start Session 1")
+        self.assertNotEqual(self.study.text(field), "hello ")
+
+    def test_chip_pressed_by_keyboard_alone(self):
+        self.study.go_to_practice()
+        self.keyboard.type("helo")
+        self.study.await_element("Apply hello")
+        self.keyboard.type("\t")
+        self.study.await_focus("Apply hello")
+        self.keyboard.type(" ")
+        self.study.await_text("hello", "Type a single word")
+        self.study.await_focus("Type a single word")
+        self.study.await_element("Press Space, open")
+
+
+class Session1(StudyTest):
+    def setUp(self):
+        super().setUp()
+        self.study.go_to_session1()
+
+    def test_correction_shows_after_space_and_one_undo_takes_it_back(self):
+        self.keyboard.type("helo ")
+        self.study.await_text("hello ")
+        self.assertEqual(self.study.caret(), 6)
+        self.keyboard.chord(CONTROL, "z")
+        self.study.await_text("helo ")
+
+    def test_fast_typing_loses_and_swaps_no_character(self):
+        path = os.path.join(self.folder, "fast.jsonl")
+        write_recording(path, 1, "helo wrld and helo agian with helo and more helo to come ", 15)
+        wanted = json.loads(replay("--json", path))["sessions"][0]["finalText"]
+        self.assertIn("hello", wanted)
+        for _ in range(3):
+            self.keyboard.play(read_recording(path), self.study.pick_chip)
+            self.study.await_text(wanted)
+            self.study.click("Reset")
+            self.study.await_text("")
+
+    def test_chip_click_and_reset(self):
+        self.keyboard.type("helo")
+        self.study.click("Apply hello")
+        self.study.await_text("hello")
+        self.study.await_focus("Type the sentence here")
+        self.study.click("Reset")
+        self.study.await_text("")
+        self.study.await_focus("Type the sentence here")
+        self.assertEqual(self.study.chips(), [])
+
+    def test_cycle_key_does_nothing(self):
+        self.keyboard.type("helo ")
+        self.study.await_text("hello ")
+        self.keyboard.strike(RIGHT_ALT)
+        time.sleep(0.3)
+        self.assertEqual(self.study.text(), "hello ")
+
+    def test_withdrawn_permission_shows_the_gate_and_keeps_the_text(self):
+        self.keyboard.type("helo ")
+        self.study.await_text("hello ")
+        set_accessibility(False)
+        self.study.await_element("Accessibility required", patience=1.5)
+        self.assertIsNone(self.study.find("Reset"))
+        set_accessibility(True)
+        self.study.await_absence("Accessibility required", patience=1.5)
+        self.assertEqual(self.study.text(), "hello ")
+        self.keyboard.type("helo ")
+        self.study.await_text("hello hello ")
+
+
+class Session2(StudyTest):
+    def setUp(self):
+        super().setUp()
+        self.study.go_to_session2()
+        self.keyboard.type("helo ")
+        self.study.await_text("hello ")
+
+    def next_text(self, text):
+        return wait_for(lambda: self.study.text() != text and self.study.text(), "a cycle step")
+
+    def test_right_alt_makes_one_step_and_left_alt_none(self):
+        self.keyboard.strike(LEFT_ALT)
+        time.sleep(0.3)
+        self.assertEqual(self.study.text(), "hello ")
+        self.keyboard.strike(RIGHT_ALT)
+        stepped = self.next_text("hello ")
+        time.sleep(0.3)
+        self.assertEqual(self.study.text(), stepped)
+
+    def test_with_left_alt_held_press_and_release_make_a_step_each(self):
+        self.keyboard.down(LEFT_ALT)
+        self.keyboard.down(RIGHT_ALT)
+        first = self.next_text("hello ")
+        self.keyboard.up(RIGHT_ALT)
+        second = self.next_text(first)
+        self.keyboard.up(LEFT_ALT)
+        time.sleep(0.3)
+        self.assertEqual(self.study.text(), second)
+
+
+class Saving(StudyTest):
+    def setUp(self):
+        super().setUp()
+        self.study.go_to_results()
+
+    def test_second_save_writes_a_second_file(self):
+        for name in ("one.txt", "two.txt"):
+            self.study.save_as(os.path.join(self.folder, name))
+            wait_for(lambda: os.listdir(self.folder).count(name), name)
+            self.study.await_element("Saved ✓")
+        self.assertEqual(sorted(os.listdir(self.folder)), ["one.txt", "two.txt"])
+
+    def test_failed_save_shows_the_alert_and_leaves_nothing(self):
+        # Nobody may make files there, not even the administrator.
+        folder = "/sys"
+        before = sorted(os.listdir(folder))
+        self.study.save_as(folder + "/result.txt")
+        self.study.await_element("Could not save result file")
+        self.study.click("OK")
+        self.study.await_absence("Could not save result file")
+        self.study.await_element("Save Results…")
+        self.assertEqual(sorted(os.listdir(folder)), before)
+
+
+class Gate(StudyTest):
+    def test_allow_asks_and_switches_accessibility_on(self):
+        set_accessibility(False)
+        self.study.await_element("Accessibility required", patience=1.5)
+        self.study.click("Allow")
+        self.study.await_element("Allow this application to use accessibility?")
+        self.study.await_focus("Allow")
+        self.keyboard.type("\r")
+        self.study.await_absence("Accessibility required", patience=2)
+        self.study.await_element("Start")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

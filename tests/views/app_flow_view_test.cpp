@@ -1,0 +1,111 @@
+#include "app/app_flow_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "tests/views/study_world.h"
+#include "views/results_view.h"
+
+namespace mirvane {
+namespace {
+
+class Flow : public ::testing::Test {
+ protected:
+  void open() {
+    flow = std::make_unique<AppFlowView>(
+        AppFlowView::Services{world.services(),
+                              world.desktop.accessibility(),
+                              world.desktop.workspace(),
+                              world.desktop.monitors(),
+                              world.desktop.tasks(),
+                              world.desktop.clock(),
+                              world.savePanel,
+                              {QStringLiteral("team@study.example")}});
+    flow->show();
+  }
+
+  void advanceTo(AppStep step) {
+    while (flow->step() != step) flow->advance();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
+  [[nodiscard]] bool isGateShown() const {
+    return part<QPushButton>(*flow, "allowButton").isVisible();
+  }
+
+  StudyWorld world;
+  std::unique_ptr<AppFlowView> flow;
+};
+
+TEST_F(Flow, GoesForwardThroughFiveStepsAndStaysAtTheLast) {
+  open();
+  for (const auto step : appSteps) {
+    EXPECT_EQ(flow->step(), step);
+    flow->advance();
+  }
+  EXPECT_EQ(flow->step(), AppStep::results);
+}
+
+TEST_F(Flow, FreezesTheTextsLeftInTheEditors) {
+  open();
+  advanceTo(AppStep::session1);
+  part<QPlainTextEdit>(*flow, "typingField").setPlainText(QStringLiteral("first text"));
+  advanceTo(AppStep::session2);
+  EXPECT_EQ(part<QPlainTextEdit>(*flow, "typingField").toPlainText(), "");
+  part<QPlainTextEdit>(*flow, "typingField").setPlainText(QStringLiteral("second text"));
+  world.desktop.clock().advance(90);
+  advanceTo(AppStep::results);
+  QTemporaryDir folder;
+  const auto path = folder.filePath(QStringLiteral("result.txt"));
+  world.savePanel.answer(path.toStdString());
+  part<QPushButton>(*flow, "saveButton").click();
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QString report = QString::fromUtf8(file.readAll());
+  EXPECT_TRUE(report.contains("Corrected: first text\n"));
+  EXPECT_TRUE(report.contains("Corrected: second text\n"));
+  EXPECT_EQ(report.count("Elapsed:          1:30\n"), 2);
+}
+
+TEST_F(Flow, KeepsOneCycleKeyMonitorAndNoneAtTheEnd) {
+  open();
+  advanceTo(AppStep::session1);
+  const auto session1Monitors = world.desktop.monitors().count();
+  advanceTo(AppStep::session2);
+  EXPECT_EQ(world.desktop.monitors().count(), session1Monitors + 1);
+  advanceTo(AppStep::results);
+  EXPECT_EQ(world.desktop.monitors().count(), 0U);
+}
+
+TEST_F(Flow, ShowsTheGateWhileAccessibilityIsNotAllowed) {
+  world.desktop.accessibility().setTrusted(false);
+  open();
+  EXPECT_TRUE(isGateShown());
+  EXPECT_EQ(flow->step(), AppStep::intro);
+  world.desktop.accessibility().setTrusted(true);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !isGateShown(); }, 3000));
+  EXPECT_TRUE(part<QPushButton>(*flow, "startButton").isVisible());
+}
+
+TEST_F(Flow, KeepsStepTextAndEngineBehindTheGate) {
+  open();
+  advanceTo(AppStep::session2);
+  auto& field = part<QPlainTextEdit>(*flow, "typingField");
+  field.setPlainText(QStringLiteral("kept"));
+  world.desktop.accessibility().setTrusted(false);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return isGateShown(); }, 3000));
+  EXPECT_EQ(world.desktop.monitors().count(), 0U);
+  world.desktop.accessibility().setTrusted(true);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !isGateShown(); }, 3000));
+  EXPECT_EQ(flow->step(), AppStep::session2);
+  EXPECT_EQ(field.toPlainText(), "kept");
+  EXPECT_GT(world.desktop.monitors().count(), 0U);
+}
+
+}  // namespace
+}  // namespace mirvane

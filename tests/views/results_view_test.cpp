@@ -1,0 +1,94 @@
+#include "views/results_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include "tests/views/study_world.h"
+
+namespace mirvane {
+namespace {
+
+SessionSnapshot snapshotOf(int session) {
+  SessionSnapshot snapshot;
+  snapshot.sessionNumber = session;
+  snapshot.prompt = "A sentence.";
+  return snapshot;
+}
+
+class Results : public ::testing::Test {
+ protected:
+  Results() { view.show(); }
+
+  void save(const QString& name) {
+    world.savePanel.answer(folder.filePath(name).toStdString());
+    button.click();
+  }
+
+  [[nodiscard]] QByteArray saved(const QString& name) const {
+    QFile file(folder.filePath(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  QTemporaryDir folder;
+  StudyWorld world;
+  ResultsView view{{snapshotOf(1), snapshotOf(2), QStringLiteral("team@study.example"),
+                    world.savePanel, world.desktop.clock()}};
+  QPushButton& button = part<QPushButton>(view, "saveButton");
+};
+
+TEST_F(Results, ThanksAndSaysWhatToDo) {
+  const auto texts = shownTexts(view);
+  for (const char* text :
+       {"Results", "Mirvane Beta · Typing Study", "Test Complete",
+        "Thank you for participating in the Mirvane Beta test.", "Next steps",
+        "Save the result file using the button below, then email the file to team@study.example.",
+        "The file is used only for improving Mirvane. We will notify you before any public release "
+        "or data sharing."}) {
+    EXPECT_TRUE(texts.contains(QString::fromUtf8(text))) << text;
+  }
+  EXPECT_EQ(button.text(), "Save Results…");
+}
+
+TEST_F(Results, AsksWithNameButtonAndMessage) {
+  button.click();
+  ASSERT_EQ(world.savePanel.shown().size(), 1U);
+  const auto& shown = world.savePanel.shown().front();
+  EXPECT_EQ(shown.suggestedFileName, "MirvaneTest_2026-01-01T00-00-00Z.txt");
+  EXPECT_EQ(shown.prompt, "Save");
+  EXPECT_EQ(shown.message, "Save result and send to team@study.example");
+}
+
+TEST_F(Results, StaysAsItIsWhenTheDialogIsCancelled) {
+  button.click();
+  EXPECT_EQ(button.text(), "Save Results…");
+  EXPECT_EQ(view.findChild<QMessageBox*>(), nullptr);
+}
+
+TEST_F(Results, SavesAsOftenAsAsked) {
+  save("one.txt");
+  EXPECT_EQ(button.text(), "Saved ✓");
+  save("two.txt");
+  EXPECT_TRUE(saved("one.txt").startsWith("MirvaneTest — Session Results\n"));
+  EXPECT_EQ(saved("one.txt"), saved("two.txt"));
+}
+
+TEST_F(Results, AlertsToAFailedWriteAndKeepsItsLook) {
+  save("one.txt");
+  save("missing folder/two.txt");
+  const auto* const alert = view.findChild<QMessageBox*>(QStringLiteral("saveErrorAlert"));
+  ASSERT_NE(alert, nullptr);
+  EXPECT_EQ(alert->text(), "Could not save result file");
+  EXPECT_EQ(alert->informativeText(), "No such file or directory");
+  ASSERT_EQ(alert->buttons().size(), 1);
+  EXPECT_EQ(alert->buttons().first()->text(), "OK");
+  EXPECT_EQ(button.text(), "Saved ✓");
+  alert->buttons().first()->click();
+  EXPECT_FALSE(alert->isVisible());
+}
+
+}  // namespace
+}  // namespace mirvane

@@ -1,0 +1,142 @@
+#include "views/session_typing_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QPushButton>
+
+#include "tests/views/study_world.h"
+#include "views/suggestion_chip.h"
+
+namespace mirvane {
+namespace {
+
+class SessionView : public ::testing::Test {
+ protected:
+  /// Shows the screen of session 1 or 2.
+  void open(int number) {
+    view.reset();
+    view = std::make_unique<SessionTypingView>(SessionTypingView::Inputs{
+        number, QStringLiteral("A sentence."), engine, typedText,
+        number == 1 ? nullptr : &world.cycleKeyMonitor, world.desktop.monitors(),
+        world.desktop.tasks(), [this] { ++done; }, theme::deep(), theme::sky()});
+    view->show();
+  }
+
+  [[nodiscard]] SuggestionChip& chip(int index) {
+    return part<SuggestionChip>(*view, ("chip" + std::to_string(index)).c_str());
+  }
+
+  [[nodiscard]] QPlainTextEdit& field() { return part<QPlainTextEdit>(*view, "typingField"); }
+
+  StudyWorld world;
+  CorrectionEngine engine{world.services()};
+  Observable<std::string> typedText;
+  int done = 0;
+  std::unique_ptr<SessionTypingView> view;
+};
+
+TEST_F(SessionView, SaysWhatEachSessionUses) {
+  open(1);
+  auto texts = shownTexts(*view);
+  EXPECT_TRUE(texts.contains("Session 1"));
+  EXPECT_TRUE(texts.contains("This session uses Space for auto-correction only"));
+  EXPECT_TRUE(texts.contains("Right Option is not used in this session."));
+  EXPECT_TRUE(texts.contains("Type naturally. Mirvane will automatically correct spacing errors."));
+  EXPECT_EQ(part<QPushButton>(*view, "doneButton").text(), "Done — Continue to Session 2");
+  EXPECT_FALSE(texts.join(' ').contains("right Alt"));
+
+  open(2);
+  texts = shownTexts(*view);
+  EXPECT_TRUE(texts.contains("Session 2"));
+  EXPECT_TRUE(texts.contains("This session uses Space and Right Option ⌥ to cycle suggestions"));
+  EXPECT_TRUE(texts.contains("Right Option is used in this session."));
+  EXPECT_TRUE(
+      texts.contains("Type naturally. Mirvane will show suggestions with Space and cycle "
+                     "them with Right Option ⌥."));
+  EXPECT_TRUE(texts.contains("On this keyboard: the right Alt key"));
+  EXPECT_TRUE(texts.contains("A sentence."));
+  EXPECT_TRUE(texts.contains("No Backspace"));
+  EXPECT_EQ(part<QPushButton>(*view, "doneButton").text(), "Done — See Results");
+  part<QPushButton>(*view, "doneButton").click();
+  EXPECT_EQ(done, 1);
+}
+
+TEST_F(SessionView, ShowsADashOrAChipForEachSuggestion) {
+  open(1);
+  EXPECT_TRUE(part<QWidget>(*view, "noSuggestions").isVisible());
+  EXPECT_FALSE(chip(0).isVisible());
+  world.desktop.type("helo");
+  EXPECT_FALSE(part<QWidget>(*view, "noSuggestions").isVisible());
+  EXPECT_EQ(chip(0).text(), "hello");
+  EXPECT_EQ(chip(0).toolTip(), "Apply hello");
+  EXPECT_EQ(chip(0).accessibleName(), "Apply hello");
+  EXPECT_EQ(chip(0).emphasis(), SuggestionChip::Emphasis::current);
+  EXPECT_EQ(chip(0).font().weight(), QFont::Bold);
+  EXPECT_EQ(chip(1).emphasis(), SuggestionChip::Emphasis::other);
+  EXPECT_TRUE(chip(2).isVisible());
+  world.desktop.type(" ");
+  EXPECT_TRUE(part<QWidget>(*view, "noSuggestions").isVisible());
+}
+
+TEST_F(SessionView, AppliesATappedChipAndGivesTheFieldTheFocus) {
+  open(1);
+  view->activateWindow();
+  QCoreApplication::processEvents();
+  world.desktop.type("helo");
+  chip(1).setFocus();
+  const std::string picked = chip(1).text().toStdString();
+  chip(1).click();
+  EXPECT_EQ(world.element.text(), picked);
+  EXPECT_EQ(engine.measurements().manualCorrectionCount, 1);
+  EXPECT_TRUE(field().hasFocus());
+}
+
+TEST_F(SessionView, BindsTheFieldToTheTextOfTheFlow) {
+  typedText.set("before");
+  open(1);
+  EXPECT_EQ(field().toPlainText(), "before");
+  field().setPlainText(QStringLiteral("after ✓"));
+  EXPECT_EQ(*typedText, "after ✓");
+}
+
+TEST_F(SessionView, ResetEmptiesTextAndEngineAndGoesOnTracking) {
+  open(1);
+  world.desktop.type("helo ");
+  field().setPlainText(QStringLiteral("hello "));
+  part<QPushButton>(*view, "resetButton").click();
+  EXPECT_EQ(*typedText, "");
+  EXPECT_EQ(field().toPlainText(), "");
+  EXPECT_EQ(engine.measurements().keystrokeCount, 0);
+  EXPECT_TRUE(engine.isTracking);
+  world.desktop.type("a");
+  EXPECT_EQ(engine.measurements().keystrokeCount, 1);
+}
+
+TEST_F(SessionView, TracksOnceAndOnlyWhileItIsShown) {
+  open(2);
+  const auto monitors = world.desktop.monitors().count();
+  view->hide();
+  EXPECT_EQ(world.desktop.monitors().count(), 0U);
+  EXPECT_FALSE(engine.isTracking);
+  EXPECT_EQ(world.cycleKeyMonitor, std::nullopt);
+  view->show();
+  EXPECT_EQ(world.desktop.monitors().count(), monitors);
+  world.desktop.type("a");
+  EXPECT_EQ(engine.measurements().keystrokeCount, 1);
+  view->hide();
+}
+
+TEST_F(SessionView, CyclesOneStepForEachPressInSession2Only) {
+  open(1);
+  world.desktop.type("helo ");
+  world.strikeCycleKey();
+  EXPECT_EQ(engine.measurements().cycleKeyCount, 0);
+  view->hide();
+  open(2);
+  world.strikeCycleKey();
+  EXPECT_EQ(engine.measurements().cycleKeyCount, 1);
+  view->hide();
+}
+
+}  // namespace
+}  // namespace mirvane

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QWidget>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "model/typing_config.h"
+#include "model/user_settings.h"
+#include "platform/simulated/desktop.h"
+#include "platform/simulated/in_memory_user_defaults.h"
+#include "platform/simulated/scripted_lexical_tagger.h"
+#include "platform/simulated/scripted_save_panel.h"
+#include "platform/simulated/scripted_spell_checker.h"
+#include "session/correction_engine.h"
+#include "suggest/suggestion_engine.h"
+#include "views/theme.h"
+
+namespace mirvane {
+
+/// Everything a screen needs, simulated. What is typed goes to `element`, which stands for the
+/// screen's own text field.
+struct StudyWorld {
+  simulated::Desktop desktop;
+  simulated::TextElement& element =
+      desktop.openElement(simulated::ElementKind::multiLine, {}, {"org.mirvane.MirvaneTest", true});
+  simulated::InMemoryUserDefaults defaults;
+  UserSettings settings{defaults, desktop.workspace()};
+  TypingConfig config;
+  simulated::ScriptedSpellChecker spellChecker{
+      {{"hello", "help", "helm"}, {{"helo", {"hello", "help", "helm"}}}, {}}};
+  simulated::ScriptedLexicalTagger tagger;
+  ContextScore::Vocabulary vocabulary;
+  SuggestionEngine suggestionEngine{config, settings, {spellChecker, nullptr, tagger, vocabulary}};
+  simulated::ScriptedSavePanel savePanel;
+  std::optional<MonitorHandle> cycleKeyMonitor;
+
+  [[nodiscard]] EngineServices services() {
+    return {{desktop.monitors(), desktop.workspace(), desktop.tasks()},
+            {config, settings, suggestionEngine, desktop.accessibility(), desktop.poster(),
+             desktop.clock()}};
+  }
+
+  /// The right Alt key, down and up.
+  void strikeCycleKey() {
+    desktop.keyboard().flagsChanged(61, 0x80000);
+    desktop.keyboard().flagsChanged(61, 0);
+    desktop.settle();
+  }
+};
+
+/// The part of a screen with this object name; the test fails when there is none.
+template <typename Widget>
+Widget& part(const QWidget& screen, const char* name) {
+  auto* const found = screen.findChild<Widget*>(QLatin1String(name));
+  if (found == nullptr) throw std::runtime_error(std::string("no part named ") + name);
+  return *found;
+}
+
+/// The texts of all labels that are shown, in order.
+[[nodiscard]] QStringList shownTexts(const QWidget& screen);
+
+}  // namespace mirvane
