@@ -112,6 +112,7 @@ int run(const Pairs& pairs) {
     const auto peer = make();
     const Row row = measure(*peer, pairs);
     printRow(peer->name(), row, pairs.size(), residentMegabytes() - before);
+    std::fflush(stdout);
   }
   return EXIT_SUCCESS;
 }
