@@ -8,6 +8,7 @@
 #include "language/completion_search.h"
 #include "language/guess_search.h"
 #include "language/guess_selection.h"
+#include "language/repeated_letters.h"
 
 namespace mirvane {
 
@@ -75,7 +76,7 @@ std::vector<std::string> Dictionary::completions(std::string_view prefix) const 
 std::vector<std::string> Dictionary::guesses(std::string_view word) const {
   const std::string lower = asciiLowerCase(word);
   if (!isTypeable(lower)) return {};
-  if (accepted_.contains(lower)) return {};
+  if (accepted_.contains(lower) || hasTooManyRepeats(lower)) return {};
   const std::vector<Guess> nearest = nearestWords(offered_, ranked_, lower, guessLimits);
   return inCasePattern(worthOffering(lower, nearest), casePatternOf(word));
 }
