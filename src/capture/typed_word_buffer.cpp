@@ -38,15 +38,12 @@ bool CompletedTypedWord::operator==(const CompletedTypedWord& other) const {
 }
 
 void TypedWordBuffer::handle(const KeyEvent& event) {
-  if (isChord(event) || isNavigationKey(event.keyCode)) {
-    reset();
-  } else if (event.keyCode == keycode::deleteKey) {
-    deleteBackward();
-  } else if (event.keyCode == keycode::escape) {
-    reset();
-  } else if (event.inputText.empty()) {
-    return;
-  } else if (isWordCharacter(event.inputText)) {
+  const bool leavesTheWord =
+      isChord(event) || isNavigationKey(event.keyCode) || event.keyCode == keycode::escape;
+  if (leavesTheWord) return reset();
+  if (event.keyCode == keycode::deleteKey) return deleteBackward();
+  if (event.inputText.empty()) return;
+  if (isWordCharacter(event.inputText)) {
     currentWord_ += event.inputText;
   } else if (text::isBoundaryKeyText(event.inputText)) {
     completeWord(event.inputText);

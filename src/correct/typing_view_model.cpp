@@ -88,8 +88,9 @@ void TypingViewModel::processKeyEvents(const KeyEventList& events) {
 
 void TypingViewModel::handleWordBoundary(const std::string& boundary) {
   if (!services_.settings.isCorrectionActive() || suggestionCycler_.record) return;
-  const Suggestions& suggestions = typingInfo_->suggestions;
-  if (suggestions.empty()) return;
+  if (typingInfo_->suggestions.empty()) return;
+  // A copy: whoever is told of the correction may replace the list.
+  const Suggestions suggestions = typingInfo_->suggestions;
   const auto resolved = resolveCompletedWord(boundary);
   if (!resolved) return;
   const std::string& word = resolved->typed.word;

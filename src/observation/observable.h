@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <concepts>
 #include <cstdint>
 #include <functional>
@@ -49,7 +50,8 @@ class [[nodiscard]] Subscription {
 };
 
 /// Registers observers of one field and announces its changes to them, in order of registration.
-/// An observer may subscribe and unsubscribe, itself included, while it is being called.
+/// An observer may subscribe and unsubscribe, itself included, while it is being called, and even
+/// destroy what announces.
 class ObservationRegistrar {
  public:
   Subscription subscribe(std::function<void()> onChange) const {
@@ -60,18 +62,18 @@ class ObservationRegistrar {
 
   void announce() const {
     if (observers_->entries.empty()) return;
-    const auto current = observers_->entries;
+    // Kept here: an observer may destroy the field that announces.
+    const auto observers = observers_;
+    const auto current = observers->entries;
     for (const auto& entry : current) {
-      if (isRegistered(entry.first)) entry.second();
+      if (isRegistered(*observers, entry.first)) entry.second();
     }
   }
 
  private:
-  [[nodiscard]] bool isRegistered(std::uint64_t id) const {
-    for (const auto& entry : observers_->entries) {
-      if (entry.first == id) return true;
-    }
-    return false;
+  static bool isRegistered(const detail::Observers& observers, std::uint64_t id) {
+    return std::any_of(observers.entries.begin(), observers.entries.end(),
+                       [id](const auto& entry) { return entry.first == id; });
   }
 
   std::shared_ptr<detail::Observers> observers_ = std::make_shared<detail::Observers>();

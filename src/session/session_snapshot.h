@@ -11,11 +11,11 @@ namespace mirvane {
 /// What was asked, typed and measured in one session, frozen.
 struct SessionSnapshot {
   std::int64_t sessionNumber = 1;  ///< 1 or 2
-  std::string prompt;
-  std::string rawTyped;
-  std::string finalText;
+  std::string prompt = {};
+  std::string rawTyped = {};
+  std::string finalText = {};
   double elapsed = 0;  ///< seconds
-  Clock::DateTime sessionStart;
+  Clock::DateTime sessionStart = {};
   std::int64_t keystrokeCount = 0;
   std::int64_t wordsCompleted = 0;
   std::int64_t autoCorrectionCount = 0;
@@ -23,7 +23,7 @@ struct SessionSnapshot {
   std::int64_t cycleKeyCount = 0;
   std::int64_t nearbyKeyCount = 0;
   std::int64_t repeatKeyCount = 0;
-  std::vector<CorrectionEvent> correctionLog;
+  std::vector<CorrectionEvent> correctionLog = {};
 };
 
 /// Freezes an engine at the instant `now`.

@@ -6,6 +6,7 @@
 #include "suggest/edit_candidates.h"
 #include "suggest/repeat_variants.h"
 #include "suggest/unique_texts.h"
+#include "suggest/vowels.h"
 #include "text/characters.h"
 #include "text/letter_case.h"
 #include "text/scalars.h"
@@ -24,7 +25,8 @@ bool hasOnlyAsciiLettersAndApostrophes(std::string_view word) {
 }
 
 bool holdsVowel(std::string_view word) {
-  return word.find_first_of("aeiou") != std::string_view::npos;
+  const auto characters = text::characters(word);
+  return std::any_of(characters.begin(), characters.end(), isVowel);
 }
 
 bool isPossessive(std::string_view text) {

@@ -1,12 +1,12 @@
 #include "suggest/edit_candidates.h"
 
+#include "suggest/vowels.h"
 #include "text/characters.h"
 
 namespace mirvane {
 namespace {
 
 constexpr std::string_view alphabet = "abcdefghijklmnopqrstuvwxyz";
-constexpr std::string_view vowels = "aeiou";
 
 }  // namespace
 

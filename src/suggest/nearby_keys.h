@@ -15,6 +15,8 @@ class NearbyKeys {
  public:
   /// Keeps a reference to the table of `config`.
   explicit NearbyKeys(const TypingConfig& config);
+  NearbyKeys(const NearbyKeys&) = delete;
+  NearbyKeys& operator=(const NearbyKeys&) = delete;
 
   /// How likely the typist meant `meant` when `typed` arrived; 0 for a pair the table does not
   /// hold. Both are single characters and are lower-cased first.

@@ -5,6 +5,7 @@
 
 #include "suggest/character_difference.h"
 #include "suggest/repeat_variants.h"
+#include "suggest/vowels.h"
 #include "text/canonical.h"
 
 namespace mirvane {
@@ -17,11 +18,6 @@ constexpr std::size_t shortWordLimit = 4;
 constexpr double repeatPlusNeighborOffset = 1.5;
 constexpr double oneVowelLeftOut = 1.5, twoVowelsLeftOut = 1.2;
 constexpr double knownWordPenalty = 3.0, completionPenalty = 0.45;
-
-bool isVowel(std::string_view character) {
-  return character.size() == 1 &&
-         std::string_view("aeiou").find(character) != std::string_view::npos;
-}
 
 std::vector<std::string_view> withoutVowels(const ComparedText& text) {
   std::vector<std::string_view> rest;

@@ -2,6 +2,7 @@
 
 #include <simdjson.h>
 
+#include <algorithm>
 #include <bit>
 #include <functional>
 #include <limits>
@@ -40,6 +41,7 @@ VocabularyTable parseVocabularyTable(std::string_view json) {
 
 void VocabularyTable::reserve(std::size_t entries) {
   constexpr std::size_t typicalKeyLength = 12;
+  entries = std::max(entries, size_);
   keys_.reserve(entries * typicalKeyLength);
   grow(std::bit_ceil(entries * 3 / 2 + 2));
 }

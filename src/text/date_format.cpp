@@ -3,6 +3,7 @@
 #include <unicode/datefmt.h>
 #include <unicode/smpdtfmt.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -42,6 +43,15 @@ std::string withPlainSpaces(const std::string& text) {
   return result;
 }
 
+/// ICU also takes blanks, single digits and other scripts' digits for a date and time of day.
+bool startsLikeIso8601(std::string_view text) {
+  constexpr std::string_view shape = "0000-00-00T00:00:00";
+  return isAscii(text) && text.size() > shape.size() &&
+         std::equal(shape.begin(), shape.end(), text.begin(), [](char expected, char c) {
+           return expected == '0' ? c >= '0' && c <= '9' : c == expected;
+         });
+}
+
 }  // namespace
 
 std::string mediumDateShortTime(DateTime instant) {
@@ -64,6 +74,7 @@ std::string iso8601Milliseconds(DateTime instant) {
 }
 
 std::optional<DateTime> parseIso8601(std::string_view text) {
+  if (!startsLikeIso8601(text)) return std::nullopt;
   for (const char* pattern : {"yyyy-MM-dd'T'HH:mm:ssXXX", "yyyy-MM-dd'T'HH:mm:ss.SSSXXX"}) {
     UErrorCode status = U_ZERO_ERROR;
     icu::SimpleDateFormat format(icu::UnicodeString(pattern), icu::Locale::getRoot(), status);

@@ -46,8 +46,7 @@ std::string run(const Options& options) {
 }  // namespace mirvane
 
 int main(int argc, char** argv) {
-  CLI::App app("Measures how well the engine corrects, on a file of examples");
-  mirvane::Options options;
-  mirvane::declare(app, options);
-  return mirvane::runCommand(app, argc, argv, [&] { std::cout << mirvane::run(options); });
+  return mirvane::runCommand<mirvane::Options>(
+      "Measures how well the engine corrects, on a file of examples", mirvane::declare,
+      mirvane::run, argc, argv);
 }

@@ -54,8 +54,7 @@ std::string run(const Options& options) {
 }  // namespace mirvane
 
 int main(int argc, char** argv) {
-  CLI::App app("Replays recorded typing sessions and prints the study's results report");
-  mirvane::Options options;
-  mirvane::declare(app, options);
-  return mirvane::runCommand(app, argc, argv, [&] { std::cout << mirvane::run(options); });
+  return mirvane::runCommand<mirvane::Options>(
+      "Replays recorded typing sessions and prints the study's results report", mirvane::declare,
+      mirvane::run, argc, argv);
 }

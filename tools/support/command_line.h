@@ -1,8 +1,10 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
-#include <functional>
+#include <exception>
+#include <iostream>
 #include <stdexcept>
+#include <string>
 
 namespace mirvane {
 
@@ -12,8 +14,28 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Parses the command line and runs the command. Exit code 0; or 2 and one line on standard error
-/// when the call or a file is wrong. `command` prints only once nothing can go wrong any more.
-int runCommand(CLI::App& app, int argc, char** argv, const std::function<void()>& command);
+/// Parses the command line into `Options`, runs the command and prints what it answers. Exit code
+/// 0; or 2 with a message on standard error, and nothing on standard output, when the call or a
+/// file is wrong.
+template <typename Options>
+int runCommand(const char* description, void (*declare)(CLI::App&, Options&),
+               std::string (*run)(const Options&), int argc, char** argv) {
+  constexpr int failure = 2;
+  try {
+    CLI::App app(description);
+    Options options;
+    declare(app, options);
+    try {
+      app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+      return app.exit(error) == 0 ? 0 : failure;
+    }
+    std::cout << run(options) << std::flush;
+    return std::cout ? 0 : failure;
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
+    return failure;
+  }
+}
 
 }  // namespace mirvane

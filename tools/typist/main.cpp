@@ -40,8 +40,7 @@ std::string run(const Options& options) {
 }  // namespace mirvane
 
 int main(int argc, char** argv) {
-  CLI::App app("Writes the recording of a simulated typist to standard output");
-  mirvane::Options options;
-  mirvane::declare(app, options);
-  return mirvane::runCommand(app, argc, argv, [&] { std::cout << mirvane::run(options); });
+  return mirvane::runCommand<mirvane::Options>(
+      "Writes the recording of a simulated typist to standard output", mirvane::declare,
+      mirvane::run, argc, argv);
 }

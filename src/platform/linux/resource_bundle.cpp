@@ -32,7 +32,7 @@ std::optional<std::string> ResourceBundle::contents(const fs::path& path) const 
 fs::path standardResourceFolder() {
   std::error_code error;
   const auto program = fs::read_symlink("/proc/self/exe", error);
-  const auto installed = program.parent_path().parent_path() / "share" / "mirvanetest";
+  auto installed = program.parent_path().parent_path() / "share" / "mirvanetest";
   if (!error && fs::is_directory(installed, error)) return installed;
   return MIRVANE_SOURCE_RESOURCES;
 }
