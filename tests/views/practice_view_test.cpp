@@ -13,9 +13,7 @@ namespace {
 class Practice : public ::testing::Test {
  protected:
   Practice() { view.show(); }
-  ~Practice() override { view.hide(); }
-  Practice(const Practice&) = delete;
-  Practice& operator=(const Practice&) = delete;
+  void TearDown() override { view.hide(); }
 
   /// Types into the screen's field and, as the same keys, into what the engine sees.
   void type(const char* text) {

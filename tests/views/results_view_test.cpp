@@ -41,13 +41,15 @@ class Results : public ::testing::Test {
 };
 
 TEST_F(Results, ThanksAndSaysWhatToDo) {
+  constexpr const char* promise =
+      "The file is used only for improving Mirvane. We will notify you before any public release "
+      "or data sharing.";
   const auto texts = shownTexts(view);
   for (const char* text :
        {"Results", "Mirvane Beta · Typing Study", "Test Complete",
         "Thank you for participating in the Mirvane Beta test.", "Next steps",
         "Save the result file using the button below, then email the file to team@study.example.",
-        "The file is used only for improving Mirvane. We will notify you before any public release "
-        "or data sharing."}) {
+        promise}) {
     EXPECT_TRUE(texts.contains(QString::fromUtf8(text))) << text;
   }
   EXPECT_EQ(button.text(), "Save Results…");

@@ -18,6 +18,8 @@ class QtTaskQueue : public QObject, public TaskQueue {
   /// calls it first, so that a key is dealt with before the field sees the one after it, however
   /// fast they come.
   void runPending();
+
+  bool event(QEvent* event) override;
 };
 
 }  // namespace mirvane
