@@ -4,10 +4,10 @@ import math
 
 ROWS = ("qwertyuiop", "asdfghjkl", "zxcvbnm")
 ROW_SHIFTS = (0.0, 0.25, 0.75)  # in key widths
-FARTHEST = 1.3
-# From here on the engine applies a single neighbouring-key correction instead of offering it.
-APPLIED = 0.1755
-LIKELIEST = 0.18  # of a horizontal neighbour; more would push single missed letters back
+FARTHEST = 1.4
+# Every neighbour alike: which of them was meant is for the frequency of the words to say. From 0.175
+# on the engine applies a replaced key by itself; more than that lifts it over rarer kinds of slips.
+PROBABILITY = 0.35
 
 
 def _positions():
@@ -16,23 +16,20 @@ def _positions():
             for column, letter in enumerate(letters)}
 
 
-def _probability(dx, dy):
-    # A finger lands around the key it aims at, a little less spread along a column than along a row.
-    spread = 0.6
-    return LIKELIEST * math.exp(-(dx * dx + 1.25 * dy * dy - 1) / (2 * spread * spread))
+def _distance(dx, dy):
+    # Fingers slip along a row rather than along a column.
+    return math.sqrt(dx * dx + 1.25 * dy * dy)
 
 
 def nearby_keys():
     positions = _positions()
     table = {}
     for typed, (x, y) in positions.items():
-        row = {}
-        for meant, (other_x, other_y) in positions.items():
-            distance = math.hypot(x - other_x, y - other_y)
-            if 0 < distance < FARTHEST:
-                probability = max(APPLIED, _probability(x - other_x, y - other_y))
-                row[meant] = round(probability, 4)
-        table[typed] = dict(sorted(row.items(), key=lambda entry: (-entry[1], entry[0])))
+        distances = {meant: _distance(x - other_x, y - other_y)
+                     for meant, (other_x, other_y) in positions.items() if meant != typed}
+        near = sorted((distance, meant) for meant, distance in distances.items()
+                      if distance < FARTHEST)
+        table[typed] = {meant: PROBABILITY for _, meant in near}
     return dict(sorted(table.items()))
 
 
