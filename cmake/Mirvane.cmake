@@ -11,7 +11,9 @@ target_compile_options(mirvane_options INTERFACE
 
 if(MIRVANE_SANITIZE)
   target_compile_options(mirvane_options INTERFACE
-    -fsanitize=${MIRVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    -fsanitize=${MIRVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
+    # GCC 12 loses track of std::variant and std::optional between the checks.
+    -Wno-maybe-uninitialized)
   target_link_options(mirvane_options INTERFACE -fsanitize=${MIRVANE_SANITIZE})
 endif()
 
