@@ -1,6 +1,7 @@
 #include "app/app_flow_view.h"
 
 #include "capture/cycle_key_monitor.h"
+#include "session/study_prompts.h"
 #include "views/accessibility_required_gate_view.h"
 #include "views/divider.h"
 #include "views/intro_view.h"
@@ -16,12 +17,6 @@ namespace {
 
 constexpr int refreshMilliseconds = 1000;
 constexpr const char* practicePrompt = "helo";
-constexpr const char* prompt1 =
-    "The quick brown fox jumps over the lazy dog. She sells sea shells by the sea shore every "
-    "morning.";
-constexpr const char* prompt2 =
-    "Please call Stella and ask her to bring these things with her. I went to the store and "
-    "bought some fresh apples yesterday.";
 
 }  // namespace
 

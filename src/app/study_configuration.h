@@ -13,8 +13,8 @@ struct StudyConfiguration {
   QString contactAddress;  ///< e-mail address of the study team
 };
 
-/// Reads study.json from the resources and, over it, the one that the administrator of this
-/// machine put into the system's configuration folder (`/etc/xdg/mirvanetest`).
+/// Reads study.json from the resources and, over it, the one in the user's configuration folder or,
+/// where there is none, in the system's (`/etc/xdg/mirvanetest`).
 [[nodiscard]] StudyConfiguration loadStudyConfiguration(const Bundle& bundle);
 
 /// The "contactAddress" of such a file; absent when it is damaged or names none.

@@ -9,15 +9,11 @@ namespace mirvane {
 
 MirvaneRuleRow::MirvaneRuleRow(const QString& icon, const QString& text, QWidget* parent)
     : QWidget(parent) {
-  constexpr int symbolFrame = 18;
-  auto* const frame = makeRow(0);
   auto* const symbol = new Symbol(icon, 12, theme::Tone::warning, this);
   symbol->setObjectName(icon);
-  frame->addWidget(symbol, 0, Qt::AlignCenter);
-  frame->addSpacing(symbolFrame - symbol->width());
-
+  symbol->setFixedWidth(18);
   auto* const row = makeRow(8, this);
-  row->addLayout(frame);
+  row->addWidget(symbol, 0, Qt::AlignVCenter);
   row->addWidget(new TextLabel(text, 13, QFont::Normal, theme::Tone::secondary, this), 1);
 }
 

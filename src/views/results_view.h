@@ -1,13 +1,10 @@
 #pragma once
 
 #include <QWidget>
-#include <optional>
 
 #include "platform/clock.h"
 #include "platform/save_panel.h"
 #include "session/session_snapshot.h"
-
-class QMessageBox;
 
 namespace mirvane {
 

@@ -2,9 +2,9 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
-#include <cmath>
 
 #include "views/symbol.h"
 #include "views/theme.h"
@@ -17,6 +17,10 @@ constexpr int symbolGap = 8;
 constexpr int minimumTarget = 44;
 /// Text widths are rounded: a little more room keeps the last letter from being left out.
 constexpr int textSlack = 4;
+
+bool isReturn(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
 
 }  // namespace
 
@@ -35,13 +39,12 @@ void RoundedButton::setSymbol(const QString& name, int pointSize) {
   update();
 }
 
-int RoundedButton::symbolSide() const {
-  constexpr double sidePerPoint = 1.25;
-  return symbol_.isEmpty() ? 0 : static_cast<int>(std::lround(symbolPointSize_ * sidePerPoint));
+int RoundedButton::shownSymbolSide() const {
+  return symbol_.isEmpty() ? 0 : symbolSide(symbolPointSize_);
 }
 
 QSize RoundedButton::sizeHint() const {
-  const int symbolWidth = symbol_.isEmpty() ? 0 : symbolSide() + symbolGap;
+  const int symbolWidth = symbol_.isEmpty() ? 0 : shownSymbolSide() + symbolGap;
   const int width =
       fontMetrics().horizontalAdvance(text()) + textSlack + symbolWidth + 2 * horizontalPadding;
   return {std::max(width, minimumTarget), minimumTarget};
@@ -56,12 +59,19 @@ bool RoundedButton::event(QEvent* event) {
 }
 
 void RoundedButton::keyPressEvent(QKeyEvent* event) {
-  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (isReturn && !event->isAutoRepeat()) {
-    click();
-  } else {
-    QPushButton::keyPressEvent(event);
-  }
+  if (!isReturn(*event)) return QPushButton::keyPressEvent(event);
+  if (!event->isAutoRepeat()) setDown(true);
+}
+
+void RoundedButton::keyReleaseEvent(QKeyEvent* event) {
+  if (!isReturn(*event)) return QPushButton::keyReleaseEvent(event);
+  if (event->isAutoRepeat() || !isDown()) return;
+  setDown(false);
+  click();
+}
+
+void RoundedButton::mouseDoubleClickEvent(QMouseEvent* event) {
+  event->accept();
 }
 
 void RoundedButton::paintEvent(QPaintEvent* /*event*/) {
@@ -88,7 +98,7 @@ void RoundedButton::drawSurface(QPainter& painter, const Look& current) const {
 }
 
 void RoundedButton::drawContent(QPainter& painter, const Look& current) const {
-  const int side = symbolSide();
+  const int side = shownSymbolSide();
   const int symbolWidth = side == 0 ? 0 : side + symbolGap;
   const int room = width() - 2 * horizontalPadding - symbolWidth;
   const QString label = fontMetrics().elidedText(text(), Qt::ElideRight, room);

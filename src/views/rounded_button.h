@@ -6,8 +6,9 @@
 namespace mirvane {
 
 /// A button on a rounded rectangle, with a hover, a pressed and a focus look. Return presses it as
-/// Space does. Only the keyboard gives it the focus, so that a click leaves the focus in the text
-/// field.
+/// Space does, when it is let go: a key held too long does nothing more. Of a double click only the
+/// first press counts: the second was not meant for what has come to stand there since. Only the
+/// keyboard gives it the focus, so that a click leaves the focus in the text field.
 class RoundedButton : public QPushButton {
   Q_OBJECT
 
@@ -33,13 +34,15 @@ class RoundedButton : public QPushButton {
 
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
   void drawSurface(QPainter& painter, const Look& look) const;
   void drawContent(QPainter& painter, const Look& look) const;
   void drawFocusRing(QPainter& painter, const Look& look) const;
-  [[nodiscard]] int symbolSide() const;
+  [[nodiscard]] int shownSymbolSide() const;
 
   QString symbol_;
   int symbolPointSize_ = 0;

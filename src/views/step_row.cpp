@@ -21,6 +21,7 @@ StepRow::StepRow(const QString& title, const QString& symbol, const QColor& deep
       symbol_(new Symbol(symbol, 12, theme::Tone::secondary, this)),
       label_(new TextLabel(title, titleSize, QFont::Normal, theme::Tone::primary, this)) {
   symbol_->setObjectName(symbol);
+  symbol_->setFixedWidth(16);
   auto* const row = makeRow(8, this);
   row->setContentsMargins(10, 7, 10, 7);
   row->addWidget(symbol_, 0, Qt::AlignVCenter);

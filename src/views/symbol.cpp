@@ -62,11 +62,12 @@ void drawSymbol(QPainter& painter, const QRectF& rect, const QString& name, int 
   painter.drawPixmap(corner, tintedSymbol(name, side, color, ratio));
 }
 
+int symbolSide(int pointSize) {
+  return static_cast<int>(std::lround(pointSize * sidePerPoint));
+}
+
 Symbol::Symbol(const QString& name, int pointSize, theme::Tone tone, QWidget* parent)
-    : QWidget(parent),
-      name_(name),
-      side_(static_cast<int>(std::lround(pointSize * sidePerPoint))),
-      tone_(tone) {
+    : QWidget(parent), name_(name), side_(symbolSide(pointSize)), tone_(tone) {
   setFixedSize(side_, side_);
   setAttribute(Qt::WA_TransparentForMouseEvents);
 }

@@ -13,6 +13,9 @@ namespace mirvane {
 [[nodiscard]] QPixmap tintedSymbol(const QString& name, int side, const QColor& color,
                                    qreal devicePixelRatio);
 
+/// The side of a symbol beside a text of this size.
+[[nodiscard]] int symbolSide(int pointSize);
+
 /// Draws a symbol centred in a rectangle.
 void drawSymbol(QPainter& painter, const QRectF& rect, const QString& name, int side,
                 const QColor& color);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include "tests/views/study_world.h"
@@ -104,8 +105,10 @@ TEST(StepSidebar, HighlightsExactlyTheCurrentStep) {
 class PrimaryButton : public ::testing::Test {
  protected:
   void pressReturn() {
-    QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-    QCoreApplication::sendEvent(&button, &event);
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier);
+      QCoreApplication::sendEvent(&button, &event);
+    }
   }
 
   [[nodiscard]] int lightness() { return button.grab().toImage().pixelColor(20, 25).lightness(); }
@@ -120,6 +123,19 @@ TEST_F(PrimaryButton, CallsItsActionByClickAndByReturn) {
   pressReturn();
   EXPECT_EQ(pressed, 2);
   EXPECT_EQ(button.height(), 50);
+}
+
+TEST_F(PrimaryButton, TakesADoubleClickForOne) {
+  // As a window hands them on: the second press comes as a double click alone.
+  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                          QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+    const QPointF middle(button.rect().center());
+    QMouseEvent event(type, middle, button.mapToGlobal(middle), Qt::LeftButton,
+                      type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&button, &event);
+  }
+  EXPECT_EQ(pressed, 1);
 }
 
 TEST_F(PrimaryButton, DoesNothingAndIsPalerWhileDisabled) {

@@ -16,9 +16,10 @@ QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// Stands for a value of a type that is never stored here, edited into the file by hand.
+/// Stands for a value of a type that is never stored here, edited into the file by hand: a list of
+/// a list, which nobody asks for.
 DefaultsValue somethingElse() {
-  return {std::vector<DefaultsValue>{}};
+  return {std::vector<DefaultsValue>{{std::vector<DefaultsValue>{}}}};
 }
 
 std::optional<DefaultsValue> fromJson(const QJsonValue& json) {

@@ -13,7 +13,7 @@ namespace {
 constexpr quint32 kernelOffset = 8;
 constexpr std::uint16_t none = unknownKeyCode;
 
-/// Indexed by the kernel's key code, one row per ten keys.
+/// Indexed by the kernel's key code, ten keys to each remark.
 constexpr std::array<std::uint16_t, 130> byKernelCode{
     none, 53,   18,   19,   20,
     21,   23,   22,   26,   28,  // Escape, 1 to 8

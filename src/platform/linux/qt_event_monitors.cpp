@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QTextEdit>
@@ -26,24 +27,30 @@ bool takesTabs(const QWidget& widget) {
   return false;
 }
 
-/// Whether the key works the focused control or moves the focus instead of typing.
+/// Whether the key works a menu or the focused control, or moves the focus, instead of typing.
 bool worksControl(const QKeyEvent& event) {
+  if (QApplication::activePopupWidget() != nullptr) return true;
   const auto* const focus = QApplication::focusWidget();
   if (focus == nullptr) return false;
+  const bool isButton = qobject_cast<const QAbstractButton*>(focus) != nullptr;
   switch (event.key()) {
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
       return !takesTabs(*focus);
     case Qt::Key_Space:
+      return isButton;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      return qobject_cast<const QAbstractButton*>(focus) != nullptr;
+      // A field of one line takes no line breaks.
+      return isButton || qobject_cast<const QLineEdit*>(focus) != nullptr;
     default:
       return false;
   }
 }
 
 std::optional<std::string> charactersOf(const QKeyEvent& event) {
+  // The toolkit says U+0008; the key that deletes backwards types DELETE everywhere else.
+  if (event.key() == Qt::Key_Backspace) return "\x7F";
   if (event.text().isEmpty()) return std::nullopt;
   return event.text().toStdString();
 }

@@ -9,7 +9,7 @@
 namespace mirvane {
 namespace {
 
-/// The dialog has no place for a message of its own: it gets one above its other rows' end.
+/// The dialog has no place for a message of its own: it gets one below its other rows.
 void addMessage(QFileDialog& dialog, const QString& message) {
   auto* const grid = qobject_cast<QGridLayout*>(dialog.layout());
   if (grid == nullptr) return;

@@ -17,6 +17,7 @@ struct HardwareKey {
 
 inline const HardwareKey keyA{Qt::Key_A, 38, QStringLiteral("a")};
 inline const HardwareKey keySpace{Qt::Key_Space, 65, QStringLiteral(" ")};
+inline const HardwareKey keyReturn{Qt::Key_Return, 36, QStringLiteral("\r")};
 inline const HardwareKey keyTab{Qt::Key_Tab, 23, QStringLiteral("\t")};
 inline const HardwareKey keyLeftAlt{Qt::Key_Alt, 64};
 inline const HardwareKey keyRightAlt{Qt::Key_AltGr, 108};

@@ -68,7 +68,9 @@ TEST_F(JsonUserDefaultsTest, KeepsThePlaceOfValuesItCannotHold) {
   const auto list = defaults.object("allowList");
   ASSERT_TRUE(list.has_value());
   EXPECT_EQ(std::get<std::vector<DefaultsValue>>(list->value).size(), 3U);
-  EXPECT_TRUE(defaults.object("object").has_value());
+  const auto object = defaults.object("object");
+  ASSERT_TRUE(object.has_value());
+  EXPECT_FALSE(std::get<std::vector<DefaultsValue>>(object->value).empty());
   EXPECT_FALSE(defaults.object("nothing").has_value());
 }
 

@@ -124,6 +124,8 @@ TEST_F(QtEventMonitorsTest, DoesNotTakeKeysThatWorkControlsForTyping) {
   field->setFocus();
   press(window, keySpace);
   EXPECT_THAT(seen, ElementsAre("  49"));
+  press(window, keyReturn);
+  EXPECT_EQ(seen.size(), 1U);
 }
 
 TEST_F(QtEventMonitorsTest, RunsTheTasksOfOneKeyBeforeTheFieldSeesTheNext) {
