@@ -70,7 +70,7 @@ class Scan {
     return limit < 0;
   }
 
-  void take(Guess guess) {
+  void take(const Guess& guess) {
     const auto isCheaper = [](const Guess& a, const Guess& b) {
       return std::tie(a.cost, a.word) < std::tie(b.cost, b.word);
     };
