@@ -74,8 +74,8 @@ class NearestWords : public testing::Test {
       words_.emplace_back(randomWord(random, 8), frequency);
     }
     std::ranges::sort(words_, {}, &Word::first);
-    const auto repeated = std::ranges::unique(words_, {}, &Word::first);
-    words_.erase(repeated.begin(), repeated.end());
+    const auto isSame = [](const Word& a, const Word& b) { return a.first == b.first; };
+    words_.erase(std::unique(words_.begin(), words_.end(), isSame), words_.end());
     nodes_ = layOutWordTrie(words_);
     ranked_ = layOutRankedWords(words_);
   }
