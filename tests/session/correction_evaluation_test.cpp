@@ -20,6 +20,7 @@ std::string shown(const CorrectionEvaluation& evaluation) {
 
 void expectVerdicts(const std::vector<Entry>& entries, const char* prompt, const char* rawTyped) {
   std::vector<CorrectionEvent> log;
+  log.reserve(entries.size());
   for (const auto& [original, corrected, wordIndex, verdict] : entries) {
     log.push_back({{}, original, corrected, correction_type::autoOther, 0, wordIndex});
   }
