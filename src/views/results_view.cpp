@@ -108,7 +108,6 @@ void ResultsView::showSaveError(const QString& message) {
 
 void ResultsView::showSaved() {
   constexpr QColor green(0x24, 0x8A, 0x3D);
-  savedSuccessfully_ = true;
   saveButton_->setLabel(tr("Saved ✓"), QStringLiteral("checkmark.circle.fill"), green);
 }
 

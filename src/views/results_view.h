@@ -25,9 +25,6 @@ class ResultsView : public QWidget {
 
   explicit ResultsView(Inputs inputs, QWidget* parent = nullptr);
 
-  /// True from the first successful save on.
-  [[nodiscard]] bool savedSuccessfully() const { return savedSuccessfully_; }
-
  private:
   [[nodiscard]] QWidget* makeCompletionCard();
   void save();
@@ -35,7 +32,6 @@ class ResultsView : public QWidget {
   void showSaved();
 
   Inputs inputs_;
-  bool savedSuccessfully_ = false;
   MirvanePrimaryButton* saveButton_;
 };
 

@@ -9,11 +9,6 @@ namespace mirvane {
 
 RoundedCard::RoundedCard(const Look& look, QWidget* parent) : QWidget(parent), look_(look) {}
 
-void RoundedCard::setLook(const Look& look) {
-  look_ = look;
-  update();
-}
-
 void RoundedCard::paintEvent(QPaintEvent* /*event*/) {
   // A dark window swallows the deep blue: faint fills take the readable shade there.
   const bool isDark = theme::isDark(palette());

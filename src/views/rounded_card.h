@@ -21,13 +21,11 @@ class RoundedCard : public QWidget {
 
   explicit RoundedCard(const Look& look, QWidget* parent = nullptr);
 
-  void setLook(const Look& look);
-
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  Look look_;
+  const Look look_;
 };
 
 }  // namespace mirvane
