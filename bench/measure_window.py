@@ -7,7 +7,8 @@ import time
 
 from Xlib import X, display
 
-from study import BUILD, Study, set_accessibility, wait_for
+from program import wait_for
+from study import BUILD, Study, set_accessibility
 
 DEEP = (20, 48, 133)
 TEXT = ("the quick brown fox jumps over the lazy dog she sells sea shells by the sea shore "

@@ -1,32 +1,53 @@
-"""A real keyboard and pointer: key events that the X server itself delivers (XTEST)."""
+"""A keyboard and a pointer: key events that the X server itself delivers (XTEST)."""
 
 import json
+import subprocess
 import time
 
-from Xlib import X, display
+from Xlib import X, XK, display
 from Xlib.ext import xtest
 
-_ROWS = {10: "1234567890-=", 24: "qwertyuiop[]", 38: "asdfghjkl;'`", 51: "\\zxcvbnm,./"}
-_SHIFTED = dict(zip('!@#$%^&*()_+{}:"~|<>?', "1234567890-=[];'`\\,./"))
-
-KEYS = {character: start + index for start, row in _ROWS.items()
-        for index, character in enumerate(row)}
-KEYS.update({" ": 65, "\r": 36, "\b": 22, "\t": 23, "\x1b": 9})
+XK.load_keysym_group("xkb")
 
 SHIFT, CONTROL, LEFT_ALT, RIGHT_ALT = 50, 37, 64, 108
-BUTTONS = 1
+LEFT_BUTTON = 1
+TYPING_KEYS = range(9, 95)  # the main block; the keys of a keypad or of media have other signs
+# Where a key's signs stand in the server's table: alone, with Shift, with AltGr, with both.
+_MODIFIERS = {0: (), 1: (SHIFT,), 4: (RIGHT_ALT,), 5: (SHIFT, RIGHT_ALT)}
+_FLAGS = {SHIFT: 0x20000, RIGHT_ALT: 0x80000}
+_NAMED_KEYS = {"\r": XK.XK_Return, "\b": XK.XK_BackSpace, "\t": XK.XK_Tab, "\x1b": XK.XK_Escape,
+               # A combining accent stands for the dead key, which is struck before its letter.
+               "\u0300": XK.XK_dead_grave, "\u0301": XK.XK_dead_acute,
+               "\u0302": XK.XK_dead_circumflex, "\u0308": XK.XK_dead_diaeresis}
 
 
-def _key_of(character):
-    """The key code of a character on the US layout, and whether Shift goes with it."""
-    if character in _SHIFTED:
-        return KEYS[_SHIFTED[character]], True
-    return KEYS[character.lower()], character.isupper()
+def _keysym(character):
+    scalar = ord(character)
+    return _NAMED_KEYS.get(character) or (scalar if scalar < 0x100 else 0x1000000 + scalar)
 
 
 class Keyboard:
+    """The XTEST keyboard, as on-screen keyboards use it, and the pointer."""
+
     def __init__(self):
         self._display = display.Display()
+        self._read_layout()
+
+    def _read_layout(self):
+        rows = self._display.get_keyboard_mapping(TYPING_KEYS.start, len(TYPING_KEYS))
+        self._keys = {}
+        for level, modifiers in _MODIFIERS.items():
+            for code, keysyms in zip(TYPING_KEYS, rows):
+                if level < len(keysyms):
+                    self._keys.setdefault(keysyms[level], (code, modifiers))
+
+    def use_layout(self, name):
+        subprocess.run(["setxkbmap", name], check=True)
+        self._read_layout()
+
+    def key_of(self, character):
+        """The key code of a character, and the modifier keys that go with it."""
+        return self._keys[_keysym(character)]
 
     def down(self, code):
         self._send(X.KeyPress, code)
@@ -45,35 +66,41 @@ class Keyboard:
 
     def chord(self, modifier, character):
         self.down(modifier)
-        self.strike(_key_of(character)[0])
+        self.strike(self.key_of(character)[0])
         self.up(modifier)
 
     def press(self, character):
-        code, is_shifted = _key_of(character)
-        if is_shifted:
-            self.down(SHIFT)
+        """Leaves the character's key down, and none of its modifiers."""
+        code, modifiers = self.key_of(character)
+        for modifier in modifiers:
+            self.down(modifier)
         self.down(code)
-        if is_shifted:
-            self.up(SHIFT)
+        for modifier in reversed(modifiers):
+            self.up(modifier)
         return code
 
     def type(self, text, keys_per_second=15):
         """Strikes the keys one after the other, each held for half its share of the second."""
-        half = 0.5 / keys_per_second
-        start = time.monotonic()
+        self.play(self.evenly(text, keys_per_second))
+
+    def evenly(self, text, keys_per_second):
+        """The events of a recording of this text, typed at an even pace."""
+        gap = 1 / keys_per_second
         for index, character in enumerate(text):
-            _sleep_until(start + 2 * half * index)
-            code = self.press(character)
-            _sleep_until(start + 2 * half * index + half)
-            self.up(code)
-        time.sleep(half)
+            code, modifiers = self.key_of(character)
+            key = {"keyCode": virtual_key_of(code)}
+            flags = sum(_FLAGS[modifier] for modifier in modifiers)
+            yield {"t": index * gap, "type": "down", **key, "text": character, "flags": flags}
+            yield {"t": (index + 0.5) * gap, "type": "up", **key}
+        yield {"t": len(text) * gap, "type": "done"}
 
     def click(self, x, y):
         xtest.fake_input(self._display, X.MotionNotify, x=x, y=y)
-        self._send(X.ButtonPress, BUTTONS)
-        self._send(X.ButtonRelease, BUTTONS)
+        for kind in (X.ButtonPress, X.ButtonRelease):
+            xtest.fake_input(self._display, kind, LEFT_BUTTON)
+        self._display.sync()
 
-    def play(self, recording, pick_chip):
+    def play(self, recording, pick_chip=None):
         """Types a recording at its own times; `pick_chip(index)` clicks a chip."""
         start = time.monotonic()
         for event in recording:
@@ -82,7 +109,7 @@ class Keyboard:
             if kind == "down":
                 self.press(event["text"])
             elif kind == "up":
-                self.up(_code_of_virtual_key(event["keyCode"]))
+                self.up(_CODE_OF_VIRTUAL[event["keyCode"]])
             elif kind == "flags":
                 self._change_flags(event)
             elif kind == "chip":
@@ -92,46 +119,36 @@ class Keyboard:
 
     def _change_flags(self, event):
         assert event["keyCode"] == 61, "a recording's only modifier key is the cycle key"
-        option = 0x80000
-        (self.down if event["flags"] & option else self.up)(RIGHT_ALT)
+        (self.down if event["flags"] & _FLAGS[RIGHT_ALT] else self.up)(RIGHT_ALT)
 
 
 def _sleep_until(instant):
     time.sleep(max(0, instant - time.monotonic()))
 
 
-# The virtual key codes of the letters, digits and signs, in the order of the rows above.
-_VIRTUAL = {
-    10: [18, 19, 20, 21, 23, 22, 26, 28, 25, 29, 27, 24],
-    24: [12, 13, 14, 15, 17, 16, 32, 34, 31, 35, 33, 30],
+# The virtual key codes of the letters, digits and signs, row by row from the key code on.
+_VIRTUAL_ROWS = {
+    9: [53, 18, 19, 20, 21, 23, 22, 26, 28, 25, 29, 27, 24, 51, 48],
+    24: [12, 13, 14, 15, 17, 16, 32, 34, 31, 35, 33, 30, 36],
     38: [0, 1, 2, 3, 5, 4, 38, 40, 37, 41, 39, 50],
     51: [42, 6, 7, 8, 9, 11, 45, 46, 43, 47, 44],
+    65: [49],
+    94: [10],
 }
-_CODE_OF_VIRTUAL = {virtual: start + index for start, row in _VIRTUAL.items()
+_CODE_OF_VIRTUAL = {virtual: start + index for start, row in _VIRTUAL_ROWS.items()
                     for index, virtual in enumerate(row)}
-_CODE_OF_VIRTUAL.update({49: 65, 36: 36, 51: 22})
-
-
 _VIRTUAL_OF_CODE = {code: virtual for virtual, code in _CODE_OF_VIRTUAL.items()}
 
 
-def _code_of_virtual_key(virtual):
-    return _CODE_OF_VIRTUAL[virtual]
+def virtual_key_of(code):
+    """None for a modifier key."""
+    return _VIRTUAL_OF_CODE.get(code)
 
 
-def write_recording(path, session, text, keys_per_second):
-    """The recording of a text in small letters, typed at an even pace."""
-    gap = 1 / keys_per_second
+def write_recording(path, header, events):
     with open(path, "w", encoding="utf-8") as file:
-        def line(**fields):
-            print(json.dumps(fields), file=file)
-
-        line(recording=1, session=session, prompt=text)
-        for index, character in enumerate(text):
-            virtual = _VIRTUAL_OF_CODE[_key_of(character)[0]]
-            line(t=index * gap, type="down", keyCode=virtual, text=character, flags=0)
-            line(t=(index + 0.5) * gap, type="up", keyCode=virtual)
-        line(t=(len(text) + 1) * gap, type="done")
+        for line in ({"recording": 1, **header}, *events):
+            print(json.dumps(line), file=file)
 
 
 def read_recording(path):

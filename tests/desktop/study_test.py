@@ -9,7 +9,8 @@ import time
 import unittest
 
 from keyboard import LEFT_ALT, RIGHT_ALT, CONTROL, read_recording, write_recording
-from study import BUILD, Study, set_accessibility, wait_for
+from program import wait_for
+from study import BUILD, Study, set_accessibility
 
 # Recordings of the typist whose decisions stay the same when every key comes up to 25 ms late.
 SESSION1_SEED = os.environ.get("SESSION1_SEED", "3")
@@ -111,7 +112,8 @@ class Session1(StudyTest):
 
     def test_fast_typing_loses_and_swaps_no_character(self):
         path = os.path.join(self.folder, "fast.jsonl")
-        write_recording(path, 1, "helo wrld and helo agian with helo and more helo to come ", 15)
+        text = "helo wrld and helo agian with helo and more helo to come "
+        write_recording(path, {"session": 1, "prompt": text}, self.keyboard.evenly(text, 15))
         wanted = json.loads(replay("--json", path))["sessions"][0]["finalText"]
         self.assertIn("hello", wanted)
         for _ in range(3):
