@@ -1,10 +1,13 @@
 """Programs that a participant may type into beside the study."""
 
+import contextlib
 import os
 import tempfile
+import time
 
+from gi.repository import GLib
 
-
+from keyboard import CONTROL
 from program import Program, await_text, text_of, wait_for
 
 
@@ -15,6 +18,7 @@ class Editor(Program):
     unit = "utf-32-le"  # of its offsets: characters or UTF-16 units
 
     def __init__(self, text="", environment=None):
+        self.element = None
         self.home = tempfile.mkdtemp(prefix="editor", dir=os.environ["HOME"])
         self.path = os.path.join(self.home, "document.txt")
         self.write_file(self.path, text)
@@ -49,13 +53,56 @@ class Editor(Program):
     def caret(self):
         return self.element.get_text_iface().get_caret_offset()
 
-    def length(self, text):
+    def place_caret(self, before):
+        """Behind this part of the text."""
+        self.element.get_text_iface().set_caret_offset(self._length(before))
+        wait_for(lambda: self.caret() == self._length(before), "the caret")
+
+    def select(self, before, selected):
+        """This part of the text, which stands behind `before`."""
+        start, end = self._length(before), self._length(before + selected)
+        field = self.element.get_text_iface()
+        with contextlib.suppress(GLib.Error):  # GTK 4 does it and does not answer
+            field.add_selection(start, end)
+        wait_for(lambda: field.get_n_selections() == 1, "the selection")
+
+    def caret_is_at_the_end(self):
+        return self.caret() == self.element.get_text_iface().get_character_count()
+
+    def settled_text(self, quiet=0.5):
+        """The text once nothing has changed in it for so many seconds."""
+        text, since = self.text(), time.monotonic()
+        while time.monotonic() < since + quiet:
+            time.sleep(0.02)
+            if self.text() != text:
+                text, since = self.text(), time.monotonic()
+        return text
+
+    def _length(self, text):
         """As this editor counts."""
         return len(text.encode(self.unit)) // len(" ".encode(self.unit))
 
 
 class Mousepad(Editor):
     command = ("mousepad", "--disable-server")
+
+
+class UnseenMousepad(Mousepad):
+    """Without accessibility: nobody can read or write its text from outside."""
+
+    def __init__(self):
+        super().__init__(environment={"NO_AT_BRIDGE": "1"})
+
+    def await_ready(self):
+        self.activate()
+        return self
+
+    def text_saved_by(self, keyboard):
+        before = os.stat(self.path).st_mtime_ns
+        keyboard.chord(CONTROL, "s")
+        wait_for(lambda: os.stat(self.path).st_mtime_ns != before, "the saved document")
+        with open(self.path, encoding="utf-8") as file:
+            return file.read()
 
 
 class Featherpad(Editor):
@@ -73,6 +120,8 @@ class Kate(Editor):
 
 
 class WebPage(Editor):
+    """A text area with the focus, in a browser."""
+
     def address_of_document(self):
         with open(self.path, encoding="utf-8") as file:
             text = file.read()
@@ -84,6 +133,9 @@ class WebPage(Editor):
 
 class Firefox(WebPage):
     command = ("firefox-esr", "--no-remote", "--new-instance")
+
+    def text(self):
+        return super().text().replace("\ufeff", "")  # stands behind signs of two UTF-16 units
 
 
 class Chromium(WebPage):

@@ -1,5 +1,6 @@
 """A keyboard and a pointer: key events that the X server itself delivers (XTEST)."""
 
+import itertools
 import json
 import subprocess
 import time
@@ -85,14 +86,19 @@ class Keyboard:
 
     def evenly(self, text, keys_per_second):
         """The events of a recording of this text, typed at an even pace."""
-        gap = 1 / keys_per_second
-        for index, character in enumerate(text):
+        return self.timed(text, itertools.repeat(1 / keys_per_second))
+
+    def timed(self, text, gaps):
+        """The same with the seconds from each key to the next."""
+        instant = 0
+        for character, gap in zip(text, gaps):
             code, modifiers = self.key_of(character)
             key = {"keyCode": virtual_key_of(code)}
             flags = sum(_FLAGS[modifier] for modifier in modifiers)
-            yield {"t": index * gap, "type": "down", **key, "text": character, "flags": flags}
-            yield {"t": (index + 0.5) * gap, "type": "up", **key}
-        yield {"t": len(text) * gap, "type": "done"}
+            yield {"t": instant, "type": "down", **key, "text": character, "flags": flags}
+            yield {"t": instant + gap / 2, "type": "up", **key}
+            instant += gap
+        yield {"t": instant, "type": "done"}
 
     def click(self, x, y):
         xtest.fake_input(self._display, X.MotionNotify, x=x, y=y)
@@ -149,6 +155,11 @@ def write_recording(path, header, events):
     with open(path, "w", encoding="utf-8") as file:
         for line in ({"recording": 1, **header}, *events):
             print(json.dumps(line), file=file)
+
+
+def read_header(path):
+    with open(path, encoding="utf-8") as lines:
+        return json.loads(next(lines))
 
 
 def read_recording(path):

@@ -43,7 +43,13 @@ def await_text(read, wanted, whose="the field"):
     try:
         wait_for(lambda: read() == wanted, "text", patience=3)
     except NotShown:
-        raise AssertionError(f"{whose} reads {read()!r}, not {wanted!r}") from None
+        raise AssertionError(f"{whose} reads {difference(read(), wanted)}") from None
+
+
+def difference(seen, wanted):
+    """Both texts from where they part, shortened."""
+    start = max(0, len(os.path.commonprefix([seen, wanted])) - 30)
+    return f"{seen[start:start + 90]!r}, not {wanted[start:start + 90]!r}, at {start}"
 
 
 def has_state(element, state):

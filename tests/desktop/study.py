@@ -126,3 +126,12 @@ class Study(Program):
         self.keyboard.type(path)
         wait_for(lambda: self.focused_field() == path, f"'{path}' in the save panel")
         self.keyboard.type("\r")
+
+    def report(self, folder):
+        """Ends the last session and saves what it gave."""
+        self.click("Done — See Results")
+        path = os.path.join(folder, "result.txt")
+        self.save_as(path)
+        self.await_element("Saved ✓")
+        with open(path, encoding="utf-8") as file:
+            return file.read()

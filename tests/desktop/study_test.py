@@ -2,66 +2,30 @@
 
 import json
 import os
-import re
-import subprocess
-import tempfile
 import time
 import unittest
 
 from keyboard import LEFT_ALT, RIGHT_ALT, CONTROL, read_recording, write_recording
 from program import wait_for
-from study import BUILD, Study, set_accessibility
+from study import set_accessibility
+from study_case import StudyTest, record, replay, without_times
 
 # Recordings of the typist whose decisions stay the same when every key comes up to 25 ms late.
 SESSION1_SEED = os.environ.get("SESSION1_SEED", "3")
 SESSION2_SEED = os.environ.get("SESSION2_SEED", "4")
 
 
-def record(session, seed, folder):
-    """The path of a recording that the typist makes."""
-    path = os.path.join(folder, f"session{session}.jsonl")
-    with open(path, "wb") as file:
-        subprocess.run([os.path.join(BUILD, "mirvane-typist"), "--seed", seed, "--session",
-                        str(session), "--profile", "steady"], stdout=file, check=True)
-    return path
-
-
-def replay(*recordings):
-    return subprocess.run([os.path.join(BUILD, "mirvane-replay"), *recordings],
-                          capture_output=True, text=True, check=True).stdout
-
-
-def without_times(report):
-    """A report without what depends on the clock."""
-    report = re.sub(r"^(Generated|Elapsed|WPM): .*$", r"\1", report, flags=re.M)
-    return re.sub(r"  t=\d\d:\d\d:\d\d$", "", report, flags=re.M).strip()
-
-
-class StudyTest(unittest.TestCase):
-    def setUp(self):
-        set_accessibility(True)
-        self.study = Study()
-        self.addCleanup(self.study.close)
-        self.keyboard = self.study.keyboard
-        self.folder = tempfile.mkdtemp(dir=os.environ["HOME"])
-
-
 class WholeStudy(StudyTest):
     def test_saved_report_equals_the_replay_of_the_same_keys(self):
-        first = record(1, SESSION1_SEED, self.folder)
-        second = record(2, SESSION2_SEED, self.folder)
+        first = record(self.folder, 1, SESSION1_SEED, "--profile", "steady")
+        second = record(self.folder, 2, SESSION2_SEED, "--profile", "steady")
         self.study.go_to_session1()
         self.keyboard.play(read_recording(first), self.study.pick_chip)
         self.study.click("Done — Continue to Session 2")
         self.study.await_element("Done — See Results")
         self.study.await_focus("Type the sentence here")
         self.keyboard.play(read_recording(second), self.study.pick_chip)
-        self.study.click("Done — See Results")
-        saved = os.path.join(self.folder, "result.txt")
-        self.study.save_as(saved)
-        self.study.await_element("Saved ✓")
-        with open(saved, encoding="utf-8") as file:
-            report = file.read()
+        report = self.study.report(self.folder)
         self.assertEqual(without_times(report), without_times(replay(first, second)))
         self.assertIn("[auto-", report)
         self.assertIn("[cycle]", report)

@@ -1,0 +1,149 @@
+"""Typing into programs that nobody here wrote, and what the study makes of it there."""
+
+import os
+import re
+import unittest
+
+from elsewhere_case import ElsewhereTest, add_cycle_step, final_text
+from keyboard import RIGHT_ALT, Keyboard
+from program import wait_for
+
+# Words of five keys at 60 and at 120 words a minute.
+WORDS = {60: int(os.environ.get("SLOW_WORDS", "100")), 120: int(os.environ.get("WORDS", "400"))}
+SEED = int(os.environ.get("SEED", "1"))
+
+
+class Typing(ElsewhereTest):
+    def passage(self, keys, seed):
+        """So many keys of mistyped prose."""
+        path = os.path.join(os.path.dirname(__file__), "passage.txt")
+        with open(path, encoding="utf-8") as file:
+            prose = file.read().replace("\n", "\r")
+        text = ""
+        while len(text) < keys:
+            text += self.mistyped(prose, seed + len(text))
+        return text[:keys]
+
+    def check_pace(self, words_per_minute):
+        editor = self.open()
+        text = self.passage(5 * WORDS[words_per_minute], SEED * 1000 + words_per_minute)
+        self.type(text, words_per_minute / 12)
+        self.assert_as_replayed(editor)
+
+    def test_60_words_a_minute(self):
+        self.check_pace(60)
+
+    def test_120_words_a_minute(self):
+        self.check_pace(120)
+
+    def test_bursts_lose_swap_and_garble_nothing(self):
+        text = self.mistyped("we walked down to the harbour and watched the heavy boats come back "
+                             "before the weather changed over the hills ", SEED)
+        editor = self.open()
+        for at_the_edges in (0.02, 0.03, 0.04):
+            self.play(self.keyboard.timed(text, gaps_of_bursts(text, at_the_edges)))
+        self.assert_corrected_or_as_typed(editor.settled_text(), text * 3)
+
+    def assert_corrected_or_as_typed(self, shown, typed):
+        log = re.findall(r'"(.*)" → "(.*)"  wordIndex=(\d+)', self.report())
+        self.assertTrue(log, "nothing was corrected")
+        corrections = {int(index): (word, correction) for word, correction, index in log}
+        shown, typed = shown.split(" "), typed.split(" ")
+        self.assertEqual(len(shown), len(typed), shown)
+        for index, word in enumerate(typed):
+            allowed = corrections.get(index, (word,))
+            self.assertEqual(allowed[0], word, f"the word that word {index} was taken for")
+            self.assertIn(shown[index], allowed, f"word {index} of {shown}")
+
+
+def gaps_of_bursts(text, at_the_edges):
+    """Seconds to the next key: quick from a word's last letter to the next word's second."""
+    for index in range(len(text)):
+        yield at_the_edges if " " in text[max(0, index - 1):index + 2] else 0.11
+
+
+class Texts(ElsewhereTest):
+    """What stands around the word, and the layouts it is typed with."""
+
+    def check(self, before="", behind="", typed="teh lazy dgo and helo "):
+        editor = self.open_with(before, behind)
+        self.type(typed)
+        self.assert_as_replayed(editor, before, behind)
+
+    def open_with(self, before, behind):
+        editor = self.open(before + behind)
+        editor.place_caret(before)
+        return editor
+
+    def test_emoji_and_combining_accents_before_the_word(self):
+        self.check("😀 cafe\u0301 👩\u200d👩\u200d👧 𝒳 ")
+
+    def test_caret_in_the_middle(self):
+        self.check("Dear all,\n\n", " said the letter.\nGoodbye 😀")
+
+    def test_document_of_a_megabyte(self):
+        lines = "One line of many, and none is like the other.\n" * 11_000
+        self.check(lines, "\n" + lines[:-1])
+
+    def test_selection_is_typed_over(self):
+        editor = self.open("Some old words here.")
+        editor.select("Some old ", "words")
+        self.type("teh lazy dgo and helo ")
+        self.assert_as_replayed(editor, "Some old ", " here.")
+
+    def check_layout(self, name, typed):
+        self.keyboard.use_layout(name)
+        self.addCleanup(self.keyboard.use_layout, "us")
+        editor = self.open()
+        self.type(typed)
+        self.keyboard.use_layout("us")
+        self.assert_as_replayed(editor)
+
+    def test_german_layout(self):
+        self.check_layout("de", "teh lazy zebra ist süß, \u0302etre @ {helo} yelow Ölberg helo ")
+
+    def test_french_layout(self):
+        self.check_layout("fr", "teh lazy garçon à la for\u0302et 1789 (helo) qaund wrld ")
+
+
+class Keys(ElsewhereTest):
+    """Other ways to press a key."""
+
+    def test_on_screen_keyboard_counts_as_typing(self):
+        editor = self.open()
+        Keyboard().type("helo and teh ", 8)
+        editor.await_text("hello and the ")
+
+    def test_held_key_repeats(self):
+        editor = self.open()
+        self.type("he")
+        key = self.keyboard.press("l")
+        wait_for(lambda: editor.text().count("l") > 5, "the repeated letter")
+        self.keyboard.up(key)
+        self.type("o")
+        typed = editor.settled_text()
+        self.type(" ")
+        editor.await_text("hello ")
+        self.assertIn(f"Raw Typed: {typed} \n", self.report())
+
+
+class Cycling(ElsewhereTest):
+    def test_cycle_key_goes_round_in_the_editor_that_was_typed_into(self):
+        editor = self.open(" is what he said.")
+        self.type("helo ")
+        recording = self.record_what_was_typed(behind=" is what he said.")
+        editor.await_text(final_text(recording))
+        self.study.activate()
+        seen = [editor.text()]
+        while seen.count(seen[0]) == 1:
+            self.keyboard.strike(RIGHT_ALT)
+            add_cycle_step(recording)
+            editor.await_text(final_text(recording))
+            self.assertTrue(editor.caret_is_at_the_end())
+            seen.append(editor.text())
+        self.assertGreater(len(seen), 3, seen)
+        self.assertEqual(self.study.text(), "")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
