@@ -3,8 +3,11 @@
 namespace mirvane {
 
 Composition::Composition()
-    : monitors_(tasks_, clock_),
-      keyEventPoster_(tasks_),
+    : others_(OtherApplications::connect(tasks_)),
+      monitors_(tasks_, clock_, others_.get()),
+      workspace_(others_.get()),
+      accessibility_(others_.get()),
+      keyEventPoster_(tasks_, others_.get()),
       bundle_(standardResourceFolder()),
       defaults_(JsonUserDefaults::standardPath()),
       config_(loadTypingConfig(bundle_)),

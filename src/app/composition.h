@@ -4,6 +4,7 @@
 #include "model/typing_config.h"
 #include "model/user_settings.h"
 #include "platform/linux/json_user_defaults.h"
+#include "platform/linux/other_applications.h"
 #include "platform/linux/qt_accessibility.h"
 #include "platform/linux/qt_event_monitors.h"
 #include "platform/linux/qt_key_event_poster.h"
@@ -40,6 +41,7 @@ class Composition {
  private:
   SystemClock clock_;
   QtTaskQueue tasks_;
+  std::unique_ptr<OtherApplications> others_;
   QtEventMonitors monitors_;
   QtWorkspace workspace_;
   QtAccessibility accessibility_;

@@ -36,7 +36,8 @@ ReplacementResult AccessibilityTextReplacement::replaceFinishedWord(
     return ReplacementResult::accessibility;
   }
   const auto deleteCount = text::utf16Length(typedWord) + text::utf16Length(boundary);
-  const bool isPosted = sendKeystrokes(deleteCount, joined(replacement, boundary));
+  const bool isPosted =
+      sendKeystrokes(deleteCount, joined(replacement, boundary), joined(typedWord, boundary));
   return isPosted ? ReplacementResult::keyEvents : ReplacementResult::failed;
 }
 
@@ -57,10 +58,11 @@ void AccessibilityTextReplacement::moveCaretToEnd(AccessibilityElement& element)
   if (const auto length = element.textLength()) element.setSelectedTextRange({*length, 0});
 }
 
-bool AccessibilityTextReplacement::sendKeystrokes(std::int64_t deleteCount, std::string_view text) {
+bool AccessibilityTextReplacement::sendKeystrokes(std::int64_t deleteCount, std::string_view text,
+                                                  std::string_view textBeforeCaret) {
   if (poster_.isSecureInputEnabled() || deleteCount < 0) return false;
   if (deleteCount == 0 && text.empty()) return false;
-  const auto source = poster_.createSource();
+  const auto source = poster_.createSource(textBeforeCaret);
   if (!source) return false;
   source->setUserData(syntheticEventMarker);
   for (std::int64_t i = 0; i < deleteCount; ++i) pressAndRelease(*source, keycode::deleteKey, {});

@@ -47,8 +47,10 @@ class AccessibilityTextReplacement {
   static void moveCaretToEnd(AccessibilityElement& element);
 
   /// Types a number of Backspaces and then the whole text as one key. False when there is nothing
-  /// to type, the count is negative, a password is being entered or no keys can be posted.
-  bool sendKeystrokes(std::int64_t deleteCount, std::string_view text);
+  /// to type, the count is negative, a password is being entered, no keys can be posted, or the
+  /// field is seen to hold something else than `textBeforeCaret`, which is what they delete.
+  bool sendKeystrokes(std::int64_t deleteCount, std::string_view text,
+                      std::string_view textBeforeCaret = {});
 
  private:
   KeyEventPoster& poster_;

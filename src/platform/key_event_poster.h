@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace mirvane {
 
@@ -40,8 +41,11 @@ class KeyEventPoster {
   /// True while a password is being entered somewhere: no keys may be typed or watched then.
   [[nodiscard]] virtual bool isSecureInputEnabled() const = 0;
 
-  /// Null when the platform does not let this process post keys.
-  [[nodiscard]] virtual std::unique_ptr<KeyEventSource> createSource() = 0;
+  /// `textBeforeCaret` is what the caller believes to stand before the caret and is about to
+  /// delete. Null when the platform does not let this process post keys, or sees that something
+  /// else stands there.
+  [[nodiscard]] virtual std::unique_ptr<KeyEventSource> createSource(
+      std::string_view textBeforeCaret) = 0;
 };
 
 }  // namespace mirvane

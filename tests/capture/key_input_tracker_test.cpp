@@ -90,7 +90,7 @@ TEST_F(KeyInputTrackerTest, TimesAHeldKeyFromItsLastRepeat) {
 TEST_F(KeyInputTrackerTest, DoesNotRecordKeysOfItsOwnMaking) {
   int calls = 0;
   tracker->onKeyEvent = [&](const KeyEventList&) { ++calls; };
-  const auto source = desktop.poster().createSource();
+  const auto source = desktop.poster().createSource({});
   const auto post = [&](std::int64_t userData, bool isDown, const char* text) {
     source->setUserData(userData);
     source->post({0, isDown, 0, text});

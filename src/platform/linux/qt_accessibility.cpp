@@ -16,7 +16,9 @@ void QtAccessibility::promptForTrust() {
 }
 
 std::shared_ptr<AccessibilityElement> QtAccessibility::focusedElement() const {
-  return makeQtTextElement(QApplication::focusWidget());
+  const bool isOwn = QGuiApplication::applicationState() == Qt::ApplicationActive;
+  if (isOwn || others_ == nullptr) return makeQtTextElement(QApplication::focusWidget());
+  return others_->focusedElement();
 }
 
 }  // namespace mirvane

@@ -61,8 +61,8 @@ EventMask kindOf(const QKeyEvent& event) {
 
 }  // namespace
 
-QtEventMonitors::QtEventMonitors(QtTaskQueue& queue, const Clock& clock)
-    : queue_(queue), clock_(clock) {
+QtEventMonitors::QtEventMonitors(QtTaskQueue& queue, const Clock& clock, OtherApplications* others)
+    : queue_(queue), clock_(clock), others_(others) {
   qApp->installEventFilter(this);
   connect(qApp, &QGuiApplication::applicationStateChanged, this,
           [this](Qt::ApplicationState state) {
@@ -70,19 +70,25 @@ QtEventMonitors::QtEventMonitors(QtTaskQueue& queue, const Clock& clock)
           });
 }
 
-std::optional<MonitorHandle> QtEventMonitors::addGlobalMonitor(EventMask /*kind*/,
-                                                               Handler /*handler*/) {
-  return std::nullopt;
+std::optional<MonitorHandle> QtEventMonitors::addGlobalMonitor(EventMask kind, Handler handler) {
+  if (others_ == nullptr) return std::nullopt;
+  const MonitorHandle handle{++lastHandle_};
+  globalMonitors_.push_back({handle, kind, std::move(handler)});
+  others_->setInputHandler([this](const InputEvent& event) { report(event, globalMonitors_); });
+  return handle;
 }
 
 std::optional<MonitorHandle> QtEventMonitors::addLocalMonitor(EventMask kind, Handler handler) {
   const MonitorHandle handle{++lastHandle_};
-  monitors_.push_back({handle, kind, std::move(handler)});
+  localMonitors_.push_back({handle, kind, std::move(handler)});
   return handle;
 }
 
 void QtEventMonitors::removeMonitor(MonitorHandle handle) {
-  std::erase_if(monitors_, [&](const Monitor& monitor) { return monitor.handle == handle; });
+  const auto isMeant = [&](const Monitor& monitor) { return monitor.handle == handle; };
+  std::erase_if(localMonitors_, isMeant);
+  const bool wasGlobal = std::erase_if(globalMonitors_, isMeant) > 0;
+  if (wasGlobal && globalMonitors_.empty()) others_->setInputHandler(nullptr);
 }
 
 bool QtEventMonitors::eventFilter(QObject* receiver, QEvent* event) {
@@ -109,7 +115,7 @@ bool QtEventMonitors::eventFilter(QObject* receiver, QEvent* event) {
 
 void QtEventMonitors::handleKey(const QKeyEvent& event) {
   if (const auto* own = dynamic_cast<const SynthesizedKeyEvent*>(&event)) {
-    report({kindOf(event), own->virtualKey(), charactersOf(event), own->modifierFlags(),
+    reportOwn({kindOf(event), own->virtualKey(), charactersOf(event), own->modifierFlags(),
             clock_.monotonicSeconds(), own->userData()});
     return;
   }
@@ -121,21 +127,21 @@ void QtEventMonitors::handleKey(const QKeyEvent& event) {
     handleModifierKey(event, keyCode);
     return;
   }
-  report({kindOf(event), keyCode, charactersOf(event), modifierKeys_.flagsAfter(event, keyCode),
+  reportOwn({kindOf(event), keyCode, charactersOf(event), modifierKeys_.flagsAfter(event, keyCode),
           static_cast<double>(event.timestamp()) / millisecondsPerSecond, 0});
 }
 
 void QtEventMonitors::handleModifierKey(const QKeyEvent& event, std::uint16_t keyCode) {
   if (event.isAutoRepeat()) return;
   modifierKeys_.note(keyCode, event.type() == QEvent::KeyPress);
-  report({EventMask::flagsChanged, keyCode, std::nullopt, modifierKeys_.flagsAfter(event, keyCode),
+  reportOwn({EventMask::flagsChanged, keyCode, std::nullopt, modifierKeys_.flagsAfter(event, keyCode),
           static_cast<double>(event.timestamp()) / millisecondsPerSecond, 0});
 }
 
 void QtEventMonitors::handleCommit(const QInputMethodEvent& event) {
   if (event.commitString().isEmpty()) return;
   queue_.runPending();
-  report({EventMask::keyDown, keycode::text, event.commitString().toStdString(),
+  reportOwn({EventMask::keyDown, keycode::text, event.commitString().toStdString(),
           modifierKeys_.heldFlags(), clock_.monotonicSeconds(), std::nullopt});
 }
 
@@ -144,11 +150,11 @@ void QtEventMonitors::handlePointerDown(const QPointerEvent& event) {
   InputEvent pressed;
   pressed.kind = EventMask::pointerDown;
   pressed.timestamp = static_cast<double>(event.timestamp()) / millisecondsPerSecond;
-  report(pressed);
+  reportOwn(pressed);
 }
 
-void QtEventMonitors::report(const InputEvent& event) const {
-  for (const auto& monitor : monitors_) {
+void QtEventMonitors::report(const InputEvent& event, const std::vector<Monitor>& monitors) {
+  for (const auto& monitor : monitors) {
     const auto wanted = static_cast<std::uint64_t>(monitor.kind);
     if ((wanted & static_cast<std::uint64_t>(event.kind)) != 0) monitor.handler(event);
   }

@@ -6,6 +6,7 @@
 #include "platform/clock.h"
 #include "platform/event_monitors.h"
 #include "platform/linux/modifier_keys.h"
+#include "platform/linux/other_applications.h"
 #include "platform/linux/qt_task_queue.h"
 
 class QInputMethodEvent;
@@ -24,10 +25,12 @@ class QtEventMonitors : public QObject, public EventMonitors {
   Q_OBJECT
 
  public:
-  /// What `queue` holds is run before each new key is delivered.
-  QtEventMonitors(QtTaskQueue& queue, const Clock& clock);
+  /// What `queue` holds is run before each new key is delivered. `others` is null where other
+  /// applications cannot be watched.
+  QtEventMonitors(QtTaskQueue& queue, const Clock& clock, OtherApplications* others = nullptr);
 
-  /// Other applications are not watched.
+  /// Refused where other applications cannot be watched. Changes of modifier keys are not reported
+  /// from there.
   [[nodiscard]] std::optional<MonitorHandle> addGlobalMonitor(EventMask kind,
                                                               Handler handler) override;
   [[nodiscard]] std::optional<MonitorHandle> addLocalMonitor(EventMask kind,
@@ -47,12 +50,15 @@ class QtEventMonitors : public QObject, public EventMonitors {
   void handleModifierKey(const QKeyEvent& event, std::uint16_t keyCode);
   void handleCommit(const QInputMethodEvent& event);
   void handlePointerDown(const QPointerEvent& event);
-  void report(const InputEvent& event) const;
+  static void report(const InputEvent& event, const std::vector<Monitor>& monitors);
+  void reportOwn(const InputEvent& event) const { report(event, localMonitors_); }
 
   QtTaskQueue& queue_;
   const Clock& clock_;
+  OtherApplications* others_;
   ModifierKeys modifierKeys_;
-  std::vector<Monitor> monitors_;
+  std::vector<Monitor> localMonitors_;
+  std::vector<Monitor> globalMonitors_;
   std::uint64_t lastHandle_ = 0;
 };
 

@@ -38,11 +38,17 @@ class QtKeyEventSource : public KeyEventSource {
 }  // namespace
 
 bool QtKeyEventPoster::isSecureInputEnabled() const {
+  if (isOtherActive()) return others_->isSecureInputEnabled();
   const auto* const line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
   return line != nullptr && line->echoMode() != QLineEdit::Normal;
 }
 
-std::unique_ptr<KeyEventSource> QtKeyEventPoster::createSource() {
+bool QtKeyEventPoster::isOtherActive() const {
+  return others_ != nullptr && QGuiApplication::applicationState() != Qt::ApplicationActive;
+}
+
+std::unique_ptr<KeyEventSource> QtKeyEventPoster::createSource(std::string_view textBeforeCaret) {
+  if (isOtherActive()) return others_->createSource(textBeforeCaret);
   return std::make_unique<QtKeyEventSource>(queue_);
 }
 

@@ -39,7 +39,8 @@ bool openAccessibilitySettings() {
 
 }  // namespace
 
-QtWorkspace::QtWorkspace() {
+QtWorkspace::QtWorkspace(OtherApplications* others) : others_(others) {
+  if (others_ != nullptr) others_->setActivationHandler([this] { announceActivation(); });
   connect(qApp, &QGuiApplication::applicationStateChanged, this,
           [this](Qt::ApplicationState state) {
             if (state == Qt::ApplicationActive) announceActivation();
@@ -47,8 +48,12 @@ QtWorkspace::QtWorkspace() {
 }
 
 std::optional<RunningApplication> QtWorkspace::frontmostApplication() const {
-  if (QGuiApplication::applicationState() != Qt::ApplicationActive) return std::nullopt;
-  return RunningApplication{QGuiApplication::desktopFileName().toStdString()};
+  if (QGuiApplication::applicationState() == Qt::ApplicationActive) {
+    return RunningApplication{QGuiApplication::desktopFileName().toStdString()};
+  }
+  const auto window = others_ != nullptr ? others_->frontmostWindow() : std::nullopt;
+  if (!window) return std::nullopt;
+  return RunningApplication{window->identifier};
 }
 
 std::optional<MonitorHandle> QtWorkspace::addActivationObserver(std::function<void()> onActivated) {

@@ -4,18 +4,20 @@
 #include <utility>
 #include <vector>
 
+#include "platform/linux/other_applications.h"
 #include "platform/workspace.h"
 
 namespace mirvane {
 
-/// The desktop as far as this application sees it: itself while one of its windows is active.
+/// The applications of the desktop; only this one where the others are out of reach.
 class QtWorkspace : public QObject, public Workspace {
   Q_OBJECT
 
  public:
-  QtWorkspace();
+  /// `others` is null where other applications are out of reach.
+  explicit QtWorkspace(OtherApplications* others = nullptr);
 
-  /// The identifier is the name of the application's desktop entry.
+  /// This application's identifier is the name of its desktop entry.
   [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
   [[nodiscard]] std::optional<MonitorHandle> addActivationObserver(
       std::function<void()> onActivated) override;
@@ -25,6 +27,7 @@ class QtWorkspace : public QObject, public Workspace {
  private:
   void announceActivation() const;
 
+  OtherApplications* others_;
   std::vector<std::pair<MonitorHandle, std::function<void()>>> observers_;
   std::uint64_t lastHandle_ = 0;
 };

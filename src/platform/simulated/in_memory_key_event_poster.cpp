@@ -18,7 +18,8 @@ bool InMemoryKeyEventPoster::isSecureInputEnabled() const {
   return secureInput_.isEnabled();
 }
 
-std::unique_ptr<KeyEventSource> InMemoryKeyEventPoster::createSource() {
+std::unique_ptr<KeyEventSource> InMemoryKeyEventPoster::createSource(
+    std::string_view /*textBeforeCaret*/) {
   if (refusesSources_) return nullptr;
   return std::make_unique<Source>(*this);
 }

@@ -20,7 +20,8 @@ class InMemoryKeyEventPoster : public KeyEventPoster {
       : dispatcher_(dispatcher), tasks_(tasks), secureInput_(secure), clock_(clock) {}
 
   [[nodiscard]] bool isSecureInputEnabled() const override;
-  [[nodiscard]] std::unique_ptr<KeyEventSource> createSource() override;
+  [[nodiscard]] std::unique_ptr<KeyEventSource> createSource(
+      std::string_view textBeforeCaret) override;
 
   void setRefusesSources(bool refuses) { refusesSources_ = refuses; }
 

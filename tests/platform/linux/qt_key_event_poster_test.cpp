@@ -36,7 +36,7 @@ class QtKeyEventPosterTest : public ::testing::Test {
 
 TEST_F(QtKeyEventPosterTest, DeletesAndTypesAWholeTextLaterAndInOrder) {
   field.setText(QStringLiteral("say helo "));
-  const auto source = poster.createSource();
+  const auto source = poster.createSource({});
   for (int i = 0; i < 5; ++i) postStroke(*source, keycode::deleteKey);
   postStroke(*source, keycode::text, "hello 😀 ");
   EXPECT_EQ(field.text(), QStringLiteral("say helo "));
@@ -50,7 +50,7 @@ TEST_F(QtKeyEventPosterTest, ComesBackThroughTheMonitorsWithItsUserData) {
     EXPECT_EQ(event.keyCode, keycode::text);
     userData.push_back(event.sourceUserData);
   });
-  auto source = poster.createSource();
+  auto source = poster.createSource({});
   source->setUserData(0x6D69);
   postStroke(*source, keycode::text, "hello");
   source.reset();
@@ -61,7 +61,7 @@ TEST_F(QtKeyEventPosterTest, ComesBackThroughTheMonitorsWithItsUserData) {
 // A correction typed by keys must not be torn apart by fast typing.
 TEST_F(QtKeyEventPosterTest, ArrivesBeforeTheNextKeyOfTheKeyboard) {
   field.setText(QStringLiteral("helo "));
-  const auto source = poster.createSource();
+  const auto source = poster.createSource({});
   for (int i = 0; i < 5; ++i) postStroke(*source, keycode::deleteKey);
   postStroke(*source, keycode::text, "hello ");
   press(field, keyA);

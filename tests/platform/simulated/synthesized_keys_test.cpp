@@ -15,7 +15,7 @@ constexpr std::int64_t marker = 0x1234;
 
 class SynthesizedKeys : public testing::Test {
  protected:
-  SynthesizedKeys() : source(desktop.poster().createSource()) { source->setUserData(marker); }
+  SynthesizedKeys() : source(desktop.poster().createSource({})) { source->setUserData(marker); }
 
   void post(std::uint16_t keyCode, const std::string& text = {}) {
     source->post({.keyCode = keyCode, .isDown = true, .text = text});
@@ -81,7 +81,7 @@ TEST_F(SynthesizedKeys, InsertTheirTextWholeWhateverTheKeyCode) {
 
 TEST_F(SynthesizedKeys, SourcesCanBeRefused) {
   desktop.poster().setRefusesSources(true);
-  EXPECT_EQ(desktop.poster().createSource(), nullptr);
+  EXPECT_EQ(desktop.poster().createSource({}), nullptr);
 }
 
 }  // namespace

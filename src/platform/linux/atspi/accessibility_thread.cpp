@@ -1,0 +1,111 @@
+#include "platform/linux/atspi/accessibility_thread.h"
+
+#include <atspi/atspi.h>
+
+#include <utility>
+
+namespace mirvane {
+namespace {
+
+/// How long one question to an application may take, and how long the first one to an application
+/// that has just started.
+constexpr int longestCall = 100;  // ms
+
+gboolean stopWaiting(gpointer) {
+  return G_SOURCE_REMOVE;
+}
+
+}  // namespace
+
+AccessibilityThread::AccessibilityThread() : context_(g_main_context_new()) {
+  thread_ = std::thread([this] { run(); });
+}
+
+AccessibilityThread::~AccessibilityThread() {
+  stop();
+  g_main_context_unref(context_);
+}
+
+void AccessibilityThread::stop() {
+  if (!thread_.joinable()) return;
+  {
+    const std::lock_guard lock(mutex_);
+    isRunning_ = false;
+  }
+  wakeUp();
+  thread_.join();
+}
+
+void AccessibilityThread::wakeUp() {
+  g_main_context_wakeup(context_);
+}
+
+void AccessibilityThread::post(std::function<void()> task) {
+  {
+    const std::lock_guard lock(mutex_);
+    tasks_.push_back(std::move(task));
+  }
+  wakeUp();
+}
+
+void AccessibilityThread::call(std::function<void()> question) {
+  {
+    const std::lock_guard lock(mutex_);
+    calls_.push_back(std::move(question));
+  }
+  wakeUp();
+}
+
+std::function<void()> AccessibilityThread::takeNext(bool onlyCalls) {
+  const std::lock_guard lock(mutex_);
+  auto& queue = !calls_.empty() || onlyCalls ? calls_ : tasks_;
+  if (queue.empty()) return {};
+  auto next = std::move(queue.front());
+  queue.pop_front();
+  return next;
+}
+
+void AccessibilityThread::runCalls() {
+  while (const auto question = takeNext(true)) question();
+}
+
+void AccessibilityThread::run() {
+  g_main_context_push_thread_default(context_);
+  atspi_set_main_context(context_);
+  atspi_init();
+  atspi_set_timeout(longestCall, longestCall);
+  const auto isRunning = [this] {
+    const std::lock_guard lock(mutex_);
+    return isRunning_;
+  };
+  while (isRunning()) {
+    if (const auto next = takeNext(false)) {
+      next();
+      while (g_main_context_iteration(context_, FALSE) != FALSE) {
+      }
+    } else {
+      g_main_context_iteration(context_, TRUE);
+    }
+  }
+  atspi_exit();
+  g_main_context_pop_thread_default(context_);
+}
+
+bool AccessibilityThread::waitUntil(const std::function<bool()>& condition,
+                                    Clock::time_point deadline) {
+  while (!condition()) {
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+    if (left <= 0) return false;
+    GSource* const timer = g_timeout_source_new(static_cast<guint>(left));
+    g_source_set_callback(timer, stopWaiting, nullptr, nullptr);
+    g_source_attach(timer, context_);
+    g_main_context_iteration(context_, TRUE);
+    g_source_destroy(timer);
+    g_source_unref(timer);
+    runCalls();
+  }
+  return true;
+}
+
+}  // namespace mirvane

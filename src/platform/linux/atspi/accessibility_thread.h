@@ -1,0 +1,77 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+
+struct _GMainContext;
+
+namespace mirvane {
+
+/// The one thread that talks to other applications through AT-SPI. Programs that hang hold up this
+/// thread for a moment, and nobody else.
+///
+/// Tasks run in the order in which they were posted. Calls, for whose answer somebody waits, go
+/// before them, also while a task waits in `waitUntil`.
+class AccessibilityThread {
+ public:
+  using Clock = std::chrono::steady_clock;
+
+  AccessibilityThread();
+  ~AccessibilityThread();
+  AccessibilityThread(const AccessibilityThread&) = delete;
+  AccessibilityThread& operator=(const AccessibilityThread&) = delete;
+
+  /// Ends the thread. What is still waiting is dropped, and so is what is posted later.
+  void stop();
+
+  void post(std::function<void()> task);
+
+  /// The answer of `question`, run on the thread; absent when it does not come within
+  /// `longestWait` of the caller. A late question may still be run: what it uses must not belong
+  /// to the caller.
+  template <typename Answer>
+  [[nodiscard]] std::optional<Answer> ask(std::function<Answer()> question,
+                                          std::chrono::milliseconds longestWait) {
+    struct Shared {
+      std::mutex mutex;
+      std::condition_variable isDone;
+      std::optional<Answer> answer;
+    };
+    auto shared = std::make_shared<Shared>();
+    call([shared, question = std::move(question)] {
+      Answer answer = question();
+      const std::lock_guard lock(shared->mutex);
+      shared->answer = std::move(answer);
+      shared->isDone.notify_one();
+    });
+    std::unique_lock lock(shared->mutex);
+    shared->isDone.wait_for(lock, longestWait, [&] { return shared->answer.has_value(); });
+    return std::move(shared->answer);
+  }
+
+  /// On the thread: lets events of the applications in until `condition` holds. False when it did
+  /// not before `deadline`.
+  bool waitUntil(const std::function<bool()>& condition, Clock::time_point deadline);
+
+ private:
+  void run();
+  void call(std::function<void()> question);
+  void wakeUp();
+  [[nodiscard]] std::function<void()> takeNext(bool onlyCalls);
+  void runCalls();
+
+  _GMainContext* context_;
+  std::mutex mutex_;
+  std::deque<std::function<void()>> tasks_;
+  std::deque<std::function<void()>> calls_;
+  bool isRunning_ = true;
+  std::thread thread_;
+};
+
+}  // namespace mirvane

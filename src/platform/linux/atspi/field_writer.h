@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/linux/atspi/text_field.h"
+#include "platform/linux/x11/desktop_input.h"
+#include "platform/linux/x11/key_typist.h"
+
+namespace mirvane {
+
+/// Replaces text in fields of other applications, by the best way that each of them knows:
+/// as editable text; by selecting and typing; by Backspaces. Used on the accessibility thread alone.
+class FieldWriter {
+ public:
+  FieldWriter(DesktopInput& input, KeyTypist& typist) : input_(input), typist_(typist) {}
+
+  struct Replacement {
+    TextField::Range range;
+    std::u16string replaced;  ///< what the field must hold there, else nothing is written
+    std::string text;
+  };
+
+  /// `window` is the one that must have the focus for keys to be typed. False when the field holds
+  /// its old text afterwards, or does not tell.
+  bool replace(const TextField& field, std::uint64_t window, const Replacement& replacement);
+
+  /// Types Backspaces and `text` into the window, and keeps the participant's keys behind them.
+  bool type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
+            std::int64_t userData);
+
+ private:
+  bool replaceSelected(const TextField& field, std::uint64_t window,
+                       const Replacement& replacement);
+  bool replaceBackwards(const TextField& field, std::uint64_t window,
+                        const Replacement& replacement);
+
+  DesktopInput& input_;
+  KeyTypist& typist_;
+};
+
+}  // namespace mirvane

@@ -1,0 +1,120 @@
+#include "platform/linux/atspi/focus_finder.h"
+
+#include <chrono>
+#include <utility>
+
+namespace mirvane {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Accessible = GObjectPointer<AtspiAccessible>;
+
+/// A window with this many elements is searched in part; see the search by query below for those
+/// that have more.
+constexpr int mostElements = 2000;
+constexpr std::chrono::milliseconds longestSearch{150};
+
+bool hasState(AtspiAccessible* accessible, AtspiStateType state) {
+  const GObjectPointer<AtspiStateSet> states(atspi_accessible_get_state_set(accessible));
+  return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
+}
+
+/// The focused element below `root`, by one question that only some toolkits answer.
+Accessible queryFocused(AtspiAccessible* root) {
+  const GObjectPointer<AtspiCollection> collection(atspi_accessible_get_collection_iface(root));
+  if (collection == nullptr) return nullptr;
+  GObjectPointer<AtspiStateSet> states(atspi_state_set_new(nullptr));
+  atspi_state_set_add(states.get(), ATSPI_STATE_FOCUSED);
+  const GObjectPointer<AtspiMatchRule> rule(atspi_match_rule_new(
+      states.get(), ATSPI_Collection_MATCH_ALL, nullptr, ATSPI_Collection_MATCH_ANY, nullptr,
+      ATSPI_Collection_MATCH_ANY, nullptr, ATSPI_Collection_MATCH_ANY, FALSE));
+  GArray* const matches = atspi_collection_get_matches(
+      collection.get(), rule.get(), ATSPI_Collection_SORT_ORDER_CANONICAL, 1, TRUE, nullptr);
+  if (matches == nullptr) return nullptr;
+  Accessible found;
+  for (guint i = 0; i < matches->len; ++i) {
+    Accessible match(g_array_index(matches, AtspiAccessible*, i));
+    if (found == nullptr) found = std::move(match);
+  }
+  g_array_free(matches, TRUE);
+  return found;
+}
+
+/// The same by looking at the elements one after the other.
+class Walk {
+ public:
+  Accessible focusedBelow(AtspiAccessible* root) {
+    const int count = atspi_accessible_get_child_count(root, nullptr);
+    for (int i = 0; i < count && mayGoOn(); ++i) {
+      Accessible child(atspi_accessible_get_child_at_index(root, i, nullptr));
+      if (child == nullptr) continue;
+      if (hasState(child.get(), ATSPI_STATE_FOCUSED)) return child;
+      if (auto found = focusedBelow(child.get())) return found;
+    }
+    return nullptr;
+  }
+
+ private:
+  bool mayGoOn() { return ++elements_ < mostElements && Clock::now() < deadline_; }
+
+  int elements_ = 0;
+  Clock::time_point deadline_ = Clock::now() + longestSearch;
+};
+
+}  // namespace
+
+std::shared_ptr<TextField> FocusFinder::find(int processId) {
+  if (last_ && lastProcessId_ == processId && last_->isFocused()) return last_;
+  auto* const application = applicationOf(processId);
+  if (application == nullptr) return nullptr;
+  const bool isAnnounced = announced_ != nullptr &&
+                           ATSPI_OBJECT(announced_.get())->app == ATSPI_OBJECT(application)->app &&
+                           hasState(announced_.get(), ATSPI_STATE_FOCUSED);
+  last_ = isAnnounced ? makeField(std::move(announced_)) : search(application);
+  lastProcessId_ = processId;
+  return last_;
+}
+
+void FocusFinder::noteFocused(AtspiAccessible* accessible) {
+  announced_.reset(static_cast<AtspiAccessible*>(g_object_ref(accessible)));
+}
+
+std::shared_ptr<TextField> FocusFinder::makeField(Accessible accessible) {
+  auto field = std::make_unique<TextField>(std::move(accessible));
+  return {field.release(), [&thread = thread_](const TextField* last) {
+            thread.post([last] { delete last; });
+          }};
+}
+
+AtspiAccessible* FocusFinder::applicationOf(int processId) {
+  auto& known = applications_[processId];
+  if (known != nullptr && atspi_accessible_get_child_count(known.get(), nullptr) >= 0) {
+    return known.get();
+  }
+  known.reset();
+  const Accessible desktop(atspi_get_desktop(0));
+  const int count = atspi_accessible_get_child_count(desktop.get(), nullptr);
+  for (int i = 0; i < count; ++i) {
+    Accessible application(atspi_accessible_get_child_at_index(desktop.get(), i, nullptr));
+    if (application == nullptr) continue;
+    const auto owner = atspi_accessible_get_process_id(application.get(), nullptr);
+    if (static_cast<int>(owner) != processId) continue;
+    known = std::move(application);
+    break;
+  }
+  return known.get();
+}
+
+std::shared_ptr<TextField> FocusFinder::search(AtspiAccessible* application) {
+  const int count = atspi_accessible_get_child_count(application, nullptr);
+  for (int i = 0; i < count; ++i) {
+    const Accessible window(atspi_accessible_get_child_at_index(application, i, nullptr));
+    if (window == nullptr || !hasState(window.get(), ATSPI_STATE_ACTIVE)) continue;
+    auto found = queryFocused(window.get());
+    if (found == nullptr) found = Walk().focusedBelow(window.get());
+    if (found != nullptr) return makeField(std::move(found));
+  }
+  return nullptr;
+}
+
+}  // namespace mirvane

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+
+#include "platform/linux/atspi/accessibility_thread.h"
+#include "platform/linux/atspi/text_field.h"
+
+namespace mirvane {
+
+/// Finds the element of another application that has the keyboard focus. Used on the accessibility
+/// thread alone.
+class FocusFinder {
+ public:
+  /// Fields that others still hold are let go of on the thread.
+  explicit FocusFinder(AccessibilityThread& thread) : thread_(thread) {}
+
+  /// The focused element of the process; null when it has none, none can be reached, or it does
+  /// not answer. What was found is asked first the next time.
+  [[nodiscard]] std::shared_ptr<TextField> find(int processId);
+
+  /// An element has announced that it has the focus now: the next search begins there.
+  void noteFocused(AtspiAccessible* accessible);
+
+ private:
+  [[nodiscard]] AtspiAccessible* applicationOf(int processId);
+  [[nodiscard]] std::shared_ptr<TextField> search(AtspiAccessible* application);
+
+  [[nodiscard]] std::shared_ptr<TextField> makeField(GObjectPointer<AtspiAccessible> accessible);
+
+  AccessibilityThread& thread_;
+  std::unordered_map<int, GObjectPointer<AtspiAccessible>> applications_;
+  std::shared_ptr<TextField> last_;
+  int lastProcessId_ = 0;
+  GObjectPointer<AtspiAccessible> announced_;
+};
+
+}  // namespace mirvane

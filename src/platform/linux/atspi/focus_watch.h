@@ -1,0 +1,68 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <unordered_map>
+
+#include "platform/linux/atspi/accessibility_thread.h"
+#include "platform/linux/atspi/focus_finder.h"
+#include "platform/linux/atspi/text_changes.h"
+
+namespace mirvane {
+
+/// What stands behind a key of another application, once the application has dealt with it.
+struct KeyContext {
+  /// The key may be part of a password: nobody is to hear of it.
+  bool isSecure = false;
+  std::shared_ptr<TextField> field;  ///< null when nothing with the focus can be reached
+  std::optional<FieldContent> content;
+};
+
+/// Follows the focused element and the text changes of other applications. Everything but the
+/// constructor runs on the accessibility thread.
+class FocusWatch {
+ public:
+  using Clock = AccessibilityThread::Clock;
+
+  explicit FocusWatch(AccessibilityThread& thread);
+  FocusWatch(const FocusWatch&) = delete;
+  FocusWatch& operator=(const FocusWatch&) = delete;
+  ~FocusWatch() = default;
+
+  /// Listens to the applications.
+  void start();
+  void stop();
+
+  /// Waits until the application has done what a key does that types `text`, no longer than a
+  /// tenth of a second, and looks at the result. A key without text is not waited for.
+  [[nodiscard]] KeyContext contextOfKey(int processId, const std::optional<std::string>& text,
+                                        Clock::time_point pressedAt);
+
+  /// The focused element of the process; null when there is none to be reached.
+  [[nodiscard]] std::shared_ptr<TextField> focusedField(int processId);
+
+  /// Whether the element that had the focus last takes a password.
+  [[nodiscard]] bool isSecure() const { return isSecure_; }
+
+ private:
+  static void onEvent(AtspiEvent* event, void* self);
+  void noteChange(const AtspiEvent& event, bool isInsertion);
+  void noteFocus(const AtspiEvent& event);
+  [[nodiscard]] bool isOwn(AtspiAccessible* accessible);
+  void setSecure(bool isSecure);
+  void waitForEffect(const TextField& field, const std::string& text, Clock::time_point pressedAt);
+
+  AccessibilityThread& thread_;
+  FocusFinder finder_;
+  TextChanges changes_;
+  AtspiEventListener* listener_ = nullptr;
+  bool isSecure_ = false;
+  Clock::time_point lastSecure_{};
+  /// Whether an application is this process, which must not be asked anything from here: it may
+  /// be waiting for an answer of this thread.
+  std::unordered_map<TextChanges::Application, bool> isOwn_;
+  /// How many keys in a row an application has shown no effect of.
+  std::unordered_map<TextChanges::Application, int> silence_;
+};
+
+}  // namespace mirvane

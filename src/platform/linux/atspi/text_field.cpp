@@ -1,0 +1,140 @@
+#include "platform/linux/atspi/text_field.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include "text/utf16.h"
+
+namespace mirvane {
+namespace {
+
+/// How much is read on both sides of the caret, the application's units: far more than a word and
+/// the words around it.
+constexpr std::int64_t reachBefore = 2048;
+constexpr std::int64_t reachAfter = 1024;
+
+/// Qt counts as it stores its text; the others count code points, as the interface asks.
+TextUnit unitOf(AtspiAccessible* accessible) {
+  const GPointer<gchar> toolkit(atspi_accessible_get_toolkit_name(accessible, nullptr));
+  if (toolkit == nullptr) return TextUnit::codePoint;
+  return std::string_view(toolkit.get()) == "Qt" ? TextUnit::utf16 : TextUnit::codePoint;
+}
+
+std::int64_t codePoints(std::string_view text) {
+  constexpr unsigned char marks = 0xC0, continuation = 0x80;
+  return std::count_if(text.begin(), text.end(), [](char byte) {
+    return (static_cast<unsigned char>(byte) & marks) != continuation;
+  });
+}
+
+bool hasState(AtspiAccessible* accessible, AtspiStateType state) {
+  const GObjectPointer<AtspiStateSet> states(atspi_accessible_get_state_set(accessible));
+  return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
+}
+
+}  // namespace
+
+TextField::TextField(GObjectPointer<AtspiAccessible> accessible)
+    : accessible_(std::move(accessible)),
+      text_(atspi_accessible_get_text_iface(accessible_.get())),
+      role_(atspi_accessible_get_role(accessible_.get(), nullptr)),
+      unit_(unitOf(accessible_.get())) {
+  if (hasState(accessible_.get(), ATSPI_STATE_EDITABLE)) {
+    editableText_.reset(atspi_accessible_get_editable_text_iface(accessible_.get()));
+  }
+}
+
+bool TextField::isFocused() const {
+  return hasState(accessible_.get(), ATSPI_STATE_FOCUSED);
+}
+
+const void* TextField::application() const {
+  return ATSPI_OBJECT(accessible_.get())->app;
+}
+
+std::optional<std::int64_t> TextField::caret() const {
+  const int offset = hasText() ? atspi_text_get_caret_offset(text_.get(), nullptr) : -1;
+  if (offset < 0) return std::nullopt;
+  return offset;
+}
+
+std::optional<TextField::Range> TextField::selection() const {
+  if (atspi_text_get_n_selections(text_.get(), nullptr) < 1) return std::nullopt;
+  const GPointer<AtspiRange> range(atspi_text_get_selection(text_.get(), 0, nullptr));
+  if (range == nullptr || range->start_offset < 0) return std::nullopt;
+  return Range{std::min(range->start_offset, range->end_offset),
+               std::max(range->start_offset, range->end_offset)};
+}
+
+std::optional<std::u16string> TextField::text(Range range) const {
+  if (!hasText()) return std::nullopt;
+  const GPointer<gchar> text(atspi_text_get_text(text_.get(), static_cast<gint>(range.start),
+                                                 static_cast<gint>(range.end), nullptr));
+  if (text == nullptr) return std::nullopt;
+  return text::toUtf16(text.get());
+}
+
+std::optional<FieldContent> TextField::read(std::optional<std::int64_t> wantedStart) const {
+  const auto caretOffset = caret();
+  if (!caretOffset) return std::nullopt;
+  const std::int64_t length = atspi_text_get_character_count(text_.get(), nullptr);
+  if (length < 0) return std::nullopt;
+  const auto selected = selection().value_or(Range{*caretOffset, *caretOffset});
+  auto start = std::max<std::int64_t>(0, selected.start - reachBefore);
+  if (wantedStart && std::abs(*wantedStart - start) < reachBefore / 2) start = *wantedStart;
+  auto around = text({start, std::min(length, selected.end + reachAfter)});
+  if (!around) return std::nullopt;
+  TextWindow window(unit_, length, start, std::move(*around));
+  const auto first = window.toUtf16(selected.start), last = window.toUtf16(selected.end);
+  return FieldContent{std::move(window), {first, last - first}};
+}
+
+std::int64_t TextField::lengthOf(std::string_view text) const {
+  return unit_ == TextUnit::utf16 ? text::utf16Length(text) : codePoints(text);
+}
+
+bool TextField::holds(Range range, std::string_view expected) const {
+  const auto found = text(range);
+  return found && text::toUtf8(*found) == expected;
+}
+
+bool TextField::replace(Range range, std::string_view text) const {
+  if (editableText_ == nullptr || !hasText()) return false;
+  // The interface asks for the length of the text to insert; toolkits read it in units of their
+  // own: bytes in GTK, their characters in Qt.
+  const auto length = unit_ == TextUnit::utf16 ? text::utf16Length(text)
+                                               : static_cast<std::int64_t>(text.size());
+  // First the new, behind the old: an application that ignores the one must not lose the other.
+  const auto end = static_cast<gint>(range.end);
+  if (!text.empty()) {
+    atspi_editable_text_insert_text(editableText_.get(), end, std::string(text).c_str(),
+                                    static_cast<gint>(length), nullptr);
+    if (!holds({range.end, range.end + lengthOf(text)}, text)) return false;
+  }
+  atspi_editable_text_delete_text(editableText_.get(), static_cast<gint>(range.start), end,
+                                  nullptr);
+  return holds({range.start, range.start + lengthOf(text)}, text);
+}
+
+bool TextField::select(Range range) const {
+  if (!hasText()) return false;
+  const auto start = static_cast<gint>(range.start), end = static_cast<gint>(range.end);
+  if (atspi_text_get_n_selections(text_.get(), nullptr) > 0) {
+    return atspi_text_set_selection(text_.get(), 0, start, end, nullptr) != FALSE;
+  }
+  return atspi_text_add_selection(text_.get(), start, end, nullptr) != FALSE;
+}
+
+bool TextField::isSelected(Range range) const {
+  if (!hasText()) return false;
+  const auto selected = selection();
+  return selected && selected->start == range.start && selected->end == range.end;
+}
+
+void TextField::setCaret(std::int64_t offset) const {
+  if (!hasText()) return;
+  atspi_text_set_caret_offset(text_.get(), static_cast<gint>(offset), nullptr);
+}
+
+}  // namespace mirvane

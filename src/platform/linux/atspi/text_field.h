@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/linux/atspi/gobject_pointer.h"
+#include "platform/linux/atspi/text_window.h"
+
+namespace mirvane {
+
+/// A text and what is selected in it.
+struct FieldContent {
+  TextWindow text;
+  Utf16Range selection;
+};
+
+/// An element of another application that may have the keyboard focus. Used on the accessibility
+/// thread alone; every operation asks the application. Offsets are the application's.
+class TextField {
+ public:
+  struct Range {
+    std::int64_t start = 0;
+    std::int64_t end = 0;
+  };
+
+  explicit TextField(GObjectPointer<AtspiAccessible> accessible);
+
+  [[nodiscard]] bool isFocused() const;
+  [[nodiscard]] bool isPassword() const { return role_ == ATSPI_ROLE_PASSWORD_TEXT; }
+  [[nodiscard]] bool isTerminal() const { return role_ == ATSPI_ROLE_TERMINAL; }
+
+  /// Whether its text may be read, should the application answer.
+  [[nodiscard]] bool hasText() const { return text_ != nullptr && !isPassword(); }
+
+  /// The same for all elements of one application while it runs.
+  [[nodiscard]] const void* application() const;
+
+  /// The text around the caret, however long the whole is, from `start` on where that is given and
+  /// near enough. Absent when the element has no text, hides it, or does not answer.
+  [[nodiscard]] std::optional<FieldContent> read(std::optional<std::int64_t> start = {}) const;
+
+  [[nodiscard]] std::optional<std::u16string> text(Range range) const;
+
+  /// Replaces the text of the range; true when the application was then seen to hold the new text.
+  bool replace(Range range, std::string_view text) const;
+
+  bool select(Range range) const;
+  [[nodiscard]] bool isSelected(Range range) const;
+  [[nodiscard]] std::optional<std::int64_t> caret() const;
+  void setCaret(std::int64_t offset) const;
+
+  /// The length of `text` in the application's unit.
+  [[nodiscard]] std::int64_t lengthOf(std::string_view text) const;
+
+ private:
+  [[nodiscard]] std::optional<Range> selection() const;
+  [[nodiscard]] bool holds(Range range, std::string_view text) const;
+
+  GObjectPointer<AtspiAccessible> accessible_;
+  GObjectPointer<AtspiText> text_;
+  GObjectPointer<AtspiEditableText> editableText_;
+  AtspiRole role_;
+  TextUnit unit_;
+};
+
+}  // namespace mirvane

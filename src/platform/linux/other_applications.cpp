@@ -1,0 +1,276 @@
+#include "platform/linux/other_applications.h"
+
+#include <atomic>
+#include <string>
+#include <utility>
+
+#include "platform/linux/atspi/accessibility_link.h"
+#include "platform/linux/atspi/field_writer.h"
+#include "platform/linux/atspi/focus_watch.h"
+#include "platform/linux/atspi/remote_text_element.h"
+#include "platform/linux/key_identity.h"
+#include "platform/linux/x11/desktop_input.h"
+#include "platform/linux/x11/key_typist.h"
+#include "platform/key_codes.h"
+#include "text/utf16.h"
+
+namespace mirvane {
+namespace {
+
+constexpr std::uint64_t commandModifiers =
+    modifier::control | modifier::option | modifier::command;
+
+InputEvent inputEventOf(const WatchedKey& key) {
+  return {key.isDown ? EventMask::keyDown : EventMask::keyUp,
+          virtualKeyCode(key.scanCode),
+          key.text,
+          key.modifierFlags,
+          key.timestamp,
+          key.userData};
+}
+
+/// The text whose appearance shows that the application has dealt with the key; absent for keys
+/// that type none.
+std::optional<std::string> effectOf(const WatchedKey& key) {
+  const bool isCommand = (key.modifierFlags & commandModifiers) != 0;
+  return key.isDown && !key.isOwn && !isCommand ? key.text : std::nullopt;
+}
+
+/// Gathers the keys of one replacement.
+class RemoteKeySource : public KeyEventSource {
+ public:
+  using Type = std::function<void(std::int64_t deleteCount, const std::string& text,
+                                  std::int64_t userData)>;
+
+  explicit RemoteKeySource(Type type) : type_(std::move(type)) {}
+  RemoteKeySource(const RemoteKeySource&) = delete;
+  RemoteKeySource& operator=(const RemoteKeySource&) = delete;
+  ~RemoteKeySource() override {
+    if (deleteCount_ > 0 || !text_.empty()) type_(deleteCount_, text_, userData_);
+  }
+
+  void setUserData(std::int64_t userData) override { userData_ = userData; }
+
+  void post(const SynthesizedKey& key) override {
+    if (!key.isDown) return;
+    if (key.keyCode == keycode::deleteKey) ++deleteCount_;
+    text_ += key.text;
+  }
+
+ private:
+  Type type_;
+  std::int64_t deleteCount_ = 0;
+  std::string text_;
+  std::int64_t userData_ = 0;
+};
+
+}  // namespace
+
+class OtherApplications::Implementation {
+ public:
+  explicit Implementation(QtTaskQueue& tasks) : tasks_(tasks), link_(thread_), watch_(thread_) {}
+
+  Implementation(const Implementation&) = delete;
+  Implementation& operator=(const Implementation&) = delete;
+
+  ~Implementation() {
+    (void)thread_.ask<bool>(
+        [this] {
+          if (input_) watch_.stop();
+          return true;
+        },
+        longestWait);
+    thread_.stop();
+    input_.reset();
+  }
+
+  bool connect() {
+    auto display = openXDisplay();
+    if (display == nullptr) return false;
+    typist_.emplace(std::move(display), posted_);
+    input_ = DesktopInput::start(
+        posted_, {[this](const DesktopKey& key) {
+                    thread_.post([this, key, at = FocusWatch::Clock::now()] { handle(key, at); });
+                  },
+                  [this](double timestamp) {
+                    thread_.post([this, timestamp] { handlePointer(timestamp); });
+                  },
+                  [this](const DesktopWindow& window) {
+                    thread_.post([this, window] { handleActivation(window); });
+                  }});
+    if (input_ == nullptr) return false;
+    writer_.emplace(*input_, *typist_);
+    thread_.post([this] { watch_.start(); });
+    return true;
+  }
+
+  void setInputHandler(std::function<void(const InputEvent&)> handler) {
+    onInput_ = std::move(handler);
+    input_->setWatching(onInput_ != nullptr);
+  }
+
+  void setActivationHandler(std::function<void()> handler) { onActivation_ = std::move(handler); }
+
+  [[nodiscard]] const std::optional<DesktopWindow>& frontmostWindow() const { return window_; }
+
+  [[nodiscard]] std::shared_ptr<AccessibilityElement> focusedElement() {
+    if (!window_ || window_->isOwn || window_->isTerminal) return nullptr;
+    if (isInKey_ && (element_ == nullptr || element_->isFresh())) return element_;
+    auto context = link_.ask<KeyContext>([this, processId = window_->processId] {
+      KeyContext found;
+      found.field = watch_.focusedField(processId);
+      if (found.field) found.content = found.field->read();
+      return found;
+    });
+    auto element = context ? elementFor(std::move(*context), window_->id) : nullptr;
+    if (isInKey_) element_ = element;
+    return element;
+  }
+
+  [[nodiscard]] bool isSecureInputEnabled() const {
+    return window_ && !window_->isOwn && (window_->isTerminal || isSecure_);
+  }
+
+  [[nodiscard]] std::unique_ptr<KeyEventSource> createSource(std::string_view textBeforeCaret) {
+    if (!window_ || window_->isOwn) return nullptr;
+    const auto mayType = link_.ask<bool>(
+        [this, processId = window_->processId, expected = text::toUtf16(textBeforeCaret)] {
+          return typist_->canType() && mayStandBeforeCaret(processId, expected);
+        });
+    if (!mayType.value_or(false)) return nullptr;
+    return std::make_unique<RemoteKeySource>(
+        [this, window = window_->id](std::int64_t deleteCount, const std::string& text,
+                                     std::int64_t userData) {
+          thread_.post([this, window, deleteCount, text, userData] {
+            writer_->type(window, deleteCount, text, userData);
+          });
+        });
+  }
+
+ private:
+  // On the accessibility thread.
+
+  void handle(const DesktopKey& key, FocusWatch::Clock::time_point pressedAt) {
+    auto context = key.window.isTerminal || key.key.isOwn
+                       ? KeyContext{key.window.isTerminal, nullptr, std::nullopt}
+                       : watch_.contextOfKey(key.window.processId, effectOf(key.key), pressedAt);
+    isSecure_ = watch_.isSecure();
+    if (context.isSecure) {
+      if (key.isFrozen) input_->thaw();
+      return;
+    }
+    // std::function wants what it holds to be copyable.
+    auto shared = std::make_shared<KeyContext>(std::move(context));
+    tasks_.post(lifetime_.guard([this, key, shared] { deliver(key, std::move(*shared)); }));
+  }
+
+  void handlePointer(double timestamp) {
+    InputEvent press;
+    press.kind = EventMask::pointerDown;
+    press.timestamp = timestamp;
+    tasks_.post(lifetime_.guard([this, press] { report(press); }));
+  }
+
+  void handleActivation(const DesktopWindow& window) {
+    tasks_.post(lifetime_.guard([this, window] {
+      window_ = window;
+      if (!window.isOwn && onActivation_) onActivation_();
+    }));
+  }
+
+  [[nodiscard]] bool mayStandBeforeCaret(int processId, const std::u16string& expected) {
+    const auto field = watch_.focusedField(processId);
+    isSecure_ = watch_.isSecure();
+    if (isSecure_) return false;
+    const auto content = field ? field->read() : std::nullopt;
+    if (!content) return field == nullptr || !field->hasText();
+    const auto length = static_cast<std::int64_t>(expected.size());
+    return content->selection.length == 0 &&
+           content->text.text({content->selection.location - length, length}) == expected;
+  }
+
+  // On the main thread.
+
+  void deliver(const DesktopKey& key, KeyContext context) {
+    window_ = key.window;
+    if (context.content) link_.unmute();
+    element_ = elementFor(std::move(context), key.window.id);
+    isInKey_ = true;
+    report(inputEventOf(key.key));
+    // Behind what the handlers have queued.
+    tasks_.post(lifetime_.guard([this, isFrozen = key.isFrozen] { finish(isFrozen); }));
+  }
+
+  void finish(bool isFrozen) {
+    isInKey_ = false;
+    element_.reset();
+    // Behind the keys that are to be typed first.
+    if (isFrozen) thread_.post([this] { input_->thaw(); });
+  }
+
+  void report(const InputEvent& event) const {
+    if (onInput_) onInput_(event);
+  }
+
+  [[nodiscard]] std::shared_ptr<RemoteTextElement> elementFor(KeyContext context,
+                                                              std::uint64_t window) {
+    if (!context.field || !context.content) return nullptr;
+    return std::make_shared<RemoteTextElement>(RemoteTextElement::Services{link_, *writer_},
+                                               std::move(context.field), window,
+                                               std::move(*context.content));
+  }
+
+  QtTaskQueue& tasks_;
+  PostedKeys posted_;
+  AccessibilityThread thread_;
+  AccessibilityLink link_;
+  FocusWatch watch_;
+  std::optional<KeyTypist> typist_;
+  std::unique_ptr<DesktopInput> input_;
+  std::optional<FieldWriter> writer_;
+  std::function<void(const InputEvent&)> onInput_;
+  std::function<void()> onActivation_;
+  std::optional<DesktopWindow> window_;
+  /// While the handlers of a key are at work, what the application looked like after it.
+  bool isInKey_ = false;
+  std::shared_ptr<RemoteTextElement> element_;
+  std::atomic<bool> isSecure_ = false;
+  Lifetime lifetime_;
+};
+
+std::unique_ptr<OtherApplications> OtherApplications::connect(QtTaskQueue& tasks) {
+  auto implementation = std::make_unique<Implementation>(tasks);
+  if (!implementation->connect()) return nullptr;
+  return std::unique_ptr<OtherApplications>(new OtherApplications(std::move(implementation)));
+}
+
+OtherApplications::OtherApplications(std::unique_ptr<Implementation> implementation)
+    : implementation_(std::move(implementation)) {}
+
+OtherApplications::~OtherApplications() = default;
+
+void OtherApplications::setInputHandler(std::function<void(const InputEvent&)> handler) {
+  implementation_->setInputHandler(std::move(handler));
+}
+
+void OtherApplications::setActivationHandler(std::function<void()> handler) {
+  implementation_->setActivationHandler(std::move(handler));
+}
+
+const std::optional<DesktopWindow>& OtherApplications::frontmostWindow() const {
+  return implementation_->frontmostWindow();
+}
+
+std::shared_ptr<AccessibilityElement> OtherApplications::focusedElement() {
+  return implementation_->focusedElement();
+}
+
+bool OtherApplications::isSecureInputEnabled() const {
+  return implementation_->isSecureInputEnabled();
+}
+
+std::unique_ptr<KeyEventSource> OtherApplications::createSource(std::string_view textBeforeCaret) {
+  return implementation_->createSource(textBeforeCaret);
+}
+
+}  // namespace mirvane

@@ -1,0 +1,245 @@
+#include "platform/linux/x11/desktop_input.h"
+
+#include <X11/Xlib.h>
+#include <X11/extensions/XInput2.h>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cmath>
+#include <condition_variable>
+#include <deque>
+#include <future>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+#include "platform/linux/key_identity.h"
+#include "platform/linux/x11/keyboard_hold.h"
+#include "platform/linux/x11/x_display.h"
+#include "text/word_boundaries.h"
+
+namespace mirvane {
+namespace {
+
+constexpr double millisecondsPerSecond = 1000.0;
+/// The longest time for which keys wait when nobody thaws.
+constexpr double longestFreeze = 250.0;  // ms
+
+/// Windows come and go while they are asked about; an answer that never comes is answer enough.
+int ignoreError(Display*, XErrorEvent*) {
+  return 0;
+}
+
+bool endsWord(const WatchedKey& key) {
+  return key.isDown && !key.isOwn && key.text && text::isBoundaryKeyText(*key.text);
+}
+
+}  // namespace
+
+class DesktopInput::Thread {
+ public:
+  Thread(XDisplay display, XDisplay holdDisplay, PostedKeys& posted, Callbacks callbacks)
+      : callbacks_(std::move(callbacks)),
+        display_(std::move(display)),
+        wakeUp_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+        hold_(std::move(holdDisplay), posted),
+        watch_(
+            display_.get(), posted,
+            [this](std::uint32_t scanCode, bool isDown) {
+              return hold_.takesEvent(scanCode, isDown);
+            },
+            [this](const WatchedKey& key) { handleKey(key); }) {
+    XSelectInput(display_.get(), DefaultRootWindow(display_.get()), PropertyChangeMask);
+    activeWindowAtom_ = XInternAtom(display_.get(), "_NET_ACTIVE_WINDOW", False);
+    thread_ = std::thread([this] { run(); });
+  }
+
+  ~Thread() {
+    post([this] { isRunning_ = false; });
+    thread_.join();
+    close(wakeUp_);
+  }
+
+  Thread(const Thread&) = delete;
+  Thread& operator=(const Thread&) = delete;
+
+  void setWatching(bool isWatching) { isWatching_ = isWatching; }
+
+  void post(std::function<void()> command) {
+    {
+      const std::lock_guard lock(mutex_);
+      commands_.push_back(std::move(command));
+    }
+    constexpr std::uint64_t one = 1;
+    [[maybe_unused]] const auto written = write(wakeUp_, &one, sizeof one);
+  }
+
+  void runAndWait(std::function<void()> command) {
+    std::promise<void> done;
+    post([&] {
+      command();
+      done.set_value();
+    });
+    done.get_future().wait();
+  }
+
+  KeyboardHold& hold() { return hold_; }
+
+ private:
+  void run() {
+    announceActiveWindow();
+    while (isRunning_) {
+      handleEvents();
+      runCommands();
+      const double now = KeyboardWatch::serverMilliseconds();
+      watch_.reportDueRepeats(now);
+      if (hold_.isFrozen() && now - frozenSince_ > longestFreeze) hold_.thaw();
+      waitForWork();
+    }
+    hold_.thaw();
+  }
+
+  void waitForWork() {
+    if (XPending(display_.get()) > 0) return;
+    std::array<pollfd, 2> sources{{{ConnectionNumber(display_.get()), POLLIN, 0},
+                                   {wakeUp_, POLLIN, 0}}};
+    poll(sources.data(), sources.size(), millisecondsToNextDeadline());
+    std::uint64_t count = 0;
+    [[maybe_unused]] const auto bytes = read(wakeUp_, &count, sizeof count);
+  }
+
+  /// -1 when nothing is due.
+  [[nodiscard]] int millisecondsToNextDeadline() const {
+    auto due = watch_.repeatDueTime();
+    if (hold_.isFrozen()) {
+      const double thawAt = frozenSince_ + longestFreeze;
+      due = due ? std::min(*due, thawAt) : thawAt;
+    }
+    if (!due) return -1;
+    const double left = std::ceil(*due - KeyboardWatch::serverMilliseconds());
+    return static_cast<int>(std::clamp(left, 0.0, longestFreeze));
+  }
+
+  void runCommands() {
+    std::deque<std::function<void()>> commands;
+    {
+      const std::lock_guard lock(mutex_);
+      commands.swap(commands_);
+    }
+    for (const auto& command : commands) command();
+  }
+
+  void handleEvents() {
+    while (XPending(display_.get()) > 0) {
+      XEvent event;
+      XNextEvent(display_.get(), &event);
+      if (watch_.handle(event)) continue;
+      if (event.type == PropertyNotify && event.xproperty.atom == activeWindowAtom_) {
+        announceActiveWindow();
+      } else if (event.type == GenericEvent) {
+        handlePointer(event.xcookie);
+      }
+    }
+  }
+
+  void announceActiveWindow() {
+    const auto window = activeWindow(display_.get());
+    // The window manager clears the property for a moment in between, and sets it repeatedly.
+    if (!window || window->id == activeWindowId_) return;
+    activeWindowId_ = window->id;
+    watch_.stopRepeating();
+    callbacks_.onActivated(*window);
+  }
+
+  void handlePointer(XGenericEventCookie& cookie) {
+    if (!isWatching_ || XGetEventData(display_.get(), &cookie) == 0) return;
+    if (cookie.evtype == XI_RawButtonPress) {
+      const auto& press = *static_cast<const XIRawEvent*>(cookie.data);
+      constexpr int firstWheelButton = 4, lastWheelButton = 7;
+      const bool isWheel = press.detail >= firstWheelButton && press.detail <= lastWheelButton;
+      if (!isWheel && !isPointerInOwnWindow()) {
+        callbacks_.onPointerDown(static_cast<double>(press.time) / millisecondsPerSecond);
+      }
+    }
+    XFreeEventData(display_.get(), &cookie);
+  }
+
+  [[nodiscard]] bool isPointerInOwnWindow() const {
+    const auto window = windowUnderPointer(display_.get());
+    return window && window->isOwn;
+  }
+
+  void handleKey(const WatchedKey& key) {
+    if (!isWatching_) return;
+    if (isModifierKeyCode(virtualKeyCode(key.scanCode))) return;
+    const auto window = focusedWindow(display_.get());
+    // Own windows report their keys themselves.
+    if (!window || window->isOwn) {
+      watch_.stopRepeating();
+      return;
+    }
+    // Releases tell nothing that is typed.
+    if (key.isDown && !key.isOwn && !mayBeHeard(key)) return;
+    callbacks_.onKey({key, *window, hold_.isFrozen() && endsWord(key)});
+  }
+
+  /// Whether the application gets the key at all. Leaves the keyboard frozen behind a key that
+  /// ends a word.
+  bool mayBeHeard(const WatchedKey& key) {
+    if (hold_.isFrozen()) return true;
+    if (!hold_.freeze()) return false;
+    if (endsWord(key)) {
+      frozenSince_ = KeyboardWatch::serverMilliseconds();
+    } else {
+      hold_.thaw();
+    }
+    return true;
+  }
+
+  Callbacks callbacks_;
+  XDisplay display_;
+  int wakeUp_;
+  KeyboardHold hold_;
+  KeyboardWatch watch_;
+  unsigned long activeWindowAtom_ = 0;
+  std::uint64_t activeWindowId_ = 0;
+  double frozenSince_ = 0;
+  std::atomic<bool> isWatching_ = false;
+  bool isRunning_ = true;
+  std::mutex mutex_;
+  std::deque<std::function<void()>> commands_;
+  std::thread thread_;
+};
+
+std::unique_ptr<DesktopInput> DesktopInput::start(PostedKeys& posted, Callbacks callbacks) {
+  auto display = openXDisplay();
+  auto holdDisplay = openXDisplay();
+  if (display == nullptr || holdDisplay == nullptr) return nullptr;
+  XSetErrorHandler(ignoreError);
+  return std::unique_ptr<DesktopInput>(new DesktopInput(std::make_unique<Thread>(
+      std::move(display), std::move(holdDisplay), posted, std::move(callbacks))));
+}
+
+DesktopInput::DesktopInput(std::unique_ptr<Thread> thread) : thread_(std::move(thread)) {}
+
+DesktopInput::~DesktopInput() = default;
+
+void DesktopInput::setWatching(bool isWatching) {
+  thread_->setWatching(isWatching);
+}
+
+void DesktopInput::thaw() {
+  thread_->post([this] { thread_->hold().thaw(); });
+}
+
+void DesktopInput::withKeysHeldBack(const std::function<void()>& type) {
+  thread_->runAndWait([this] { thread_->hold().holdBack(); });
+  type();
+  thread_->runAndWait([this] { thread_->hold().giveBack(); });
+}
+
+}  // namespace mirvane

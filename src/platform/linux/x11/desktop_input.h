@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/linux/x11/desktop_window.h"
+#include "platform/linux/x11/keyboard_watch.h"
+
+namespace mirvane {
+
+/// A key aimed at a window of another application.
+struct DesktopKey {
+  WatchedKey key;
+  DesktopWindow window;
+  /// The keyboard waits until `DesktopInput::thaw`.
+  bool isFrozen = false;
+};
+
+/// The keyboard, the pointer's buttons and the active window of the whole desktop, watched by a
+/// thread of its own over connections of its own, so that a busy main thread delays nothing.
+///
+/// A key that ends a word freezes the keyboard: no key can come between that key and the
+/// correction of the word. Whoever hears of it thaws; the thread does it by itself before a person
+/// would notice, should nobody do it.
+class DesktopInput {
+ public:
+  /// All called on that thread, in the order of the events.
+  struct Callbacks {
+    std::function<void(const DesktopKey&)> onKey;
+    /// Seconds since the system started. Presses in own windows are not told.
+    std::function<void(double timestamp)> onPointerDown;
+    /// Another window became active; it may be an own one.
+    std::function<void(const DesktopWindow&)> onActivated;
+  };
+
+  /// Null where keys cannot be watched: no X server, or Wayland.
+  [[nodiscard]] static std::unique_ptr<DesktopInput> start(PostedKeys& posted,
+                                                           Callbacks callbacks);
+  ~DesktopInput();
+  DesktopInput(const DesktopInput&) = delete;
+  DesktopInput& operator=(const DesktopInput&) = delete;
+
+  /// Keys and pointer presses are told only while watching; activations always.
+  void setWatching(bool isWatching);
+
+  void thaw();
+
+  /// Keeps the participant's keys here while `type` posts others, and gives them back afterwards.
+  /// Called from any thread but this one; returns when all is done.
+  void withKeysHeldBack(const std::function<void()>& type);
+
+ private:
+  class Thread;
+  explicit DesktopInput(std::unique_ptr<Thread> thread);
+
+  std::unique_ptr<Thread> thread_;
+};
+
+}  // namespace mirvane

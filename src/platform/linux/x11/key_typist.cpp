@@ -1,0 +1,175 @@
+#include "platform/linux/x11/key_typist.h"
+
+#include <X11/XKBlib.h>
+#include <X11/Xlib.h>
+#include <X11/extensions/XKBgeom.h>
+#include <X11/extensions/XTest.h>
+#include <xkbcommon/xkbcommon.h>
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "platform/linux/x11/desktop_window.h"
+#include "text/scalars.h"
+
+namespace mirvane {
+namespace {
+
+constexpr unsigned long backspace = 0xFF08;
+constexpr unsigned long returnSymbol = 0xFF0D;
+/// Slow Keys counts from the arrival of the press.
+constexpr unsigned slowKeysMargin = 30;  // ms
+
+unsigned long symbolFor(char32_t scalar) {
+  if (scalar == U'\n' || scalar == U'\r') return returnSymbol;
+  return xkb_utf32_to_keysym(scalar);
+}
+
+std::vector<unsigned long> symbolsOf(std::int64_t deleteCount, std::string_view text) {
+  std::vector<unsigned long> symbols(static_cast<std::size_t>(deleteCount), backspace);
+  for (std::size_t position = 0; position < text.size();) {
+    symbols.push_back(symbolFor(text::nextScalar(text, position)));
+  }
+  return symbols;
+}
+
+}  // namespace
+
+KeyTypist::KeyTypist(XDisplay display, PostedKeys& posted)
+    : display_(std::move(display)), posted_(posted) {
+  findUnusedKeys();
+}
+
+void KeyTypist::findUnusedKeys() {
+  int first = 0, last = 0, symbolsPerKey = 0;
+  XDisplayKeycodes(display_.get(), &first, &last);
+  KeySym* const symbols =
+      XGetKeyboardMapping(display_.get(), static_cast<KeyCode>(first), last - first + 1,
+                          &symbolsPerKey);
+  if (symbols == nullptr) return;
+  for (int key = 0; key <= last - first; ++key) {
+    const KeySym* const begin = symbols + static_cast<std::ptrdiff_t>(key) * symbolsPerKey;
+    const bool isUnused =
+        std::all_of(begin, begin + symbolsPerKey, [](KeySym symbol) { return symbol == NoSymbol; });
+    if (isUnused) bindings_.push_back({static_cast<std::uint32_t>(first + key), 0, 0});
+  }
+  XFree(symbols);
+}
+
+bool KeyTypist::canType() const {
+  XkbStateRec state{};
+  XkbGetState(display_.get(), XkbUseCoreKbd, &state);
+  constexpr unsigned commands = ControlMask | Mod1Mask | Mod4Mask;
+  return bindings_.size() > 1 && (state.mods & commands) == 0;
+}
+
+bool KeyTypist::isFocused(std::uint64_t window) const {
+  const auto focused = focusedWindow(display_.get());
+  return focused && focused->id == window;
+}
+
+bool KeyTypist::type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
+                     std::int64_t userData) {
+  const auto keys = keysFor(symbolsOf(deleteCount, text));
+  const unsigned hold = slowKeysDelay();
+  return hold == 0 ? typeAtOnce(window, keys, userData) : typeSlowly(window, keys, userData, hold);
+}
+
+bool KeyTypist::typeAtOnce(std::uint64_t window, const std::vector<std::uint32_t>& keys,
+                           std::int64_t userData) {
+  // Nobody can move the focus between the look at it and the last key.
+  XGrabServer(display_.get());
+  const bool mayType = isFocused(window);
+  for (const auto key : keys) {
+    if (!mayType) break;
+    post(key, true, userData);
+    post(key, false, userData);
+  }
+  XUngrabServer(display_.get());
+  XSync(display_.get(), False);
+  return mayType;
+}
+
+bool KeyTypist::typeSlowly(std::uint64_t window, const std::vector<std::uint32_t>& keys,
+                           std::int64_t userData, unsigned holdMilliseconds) {
+  for (const auto key : keys) {
+    if (!isFocused(window)) return false;
+    post(key, true, userData);
+    XSync(display_.get(), False);
+    std::this_thread::sleep_for(std::chrono::milliseconds(holdMilliseconds));
+    post(key, false, userData);
+    XSync(display_.get(), False);
+  }
+  return true;
+}
+
+std::vector<std::uint32_t> KeyTypist::keysFor(const std::vector<unsigned long>& symbols) {
+  std::vector<std::uint32_t> keys;
+  keys.reserve(symbols.size());
+  for (const auto symbol : symbols) {
+    keys.push_back(bindingFor(symbol, keys.empty() ? 0 : keys.back()).scanCode);
+  }
+  if (hasNewBindings_) XSync(display_.get(), False);
+  hasNewBindings_ = false;
+  return keys;
+}
+
+KeyTypist::Binding& KeyTypist::bindingFor(unsigned long symbol, std::uint32_t previous) {
+  const auto isFree = [&](const Binding& binding) { return binding.scanCode != previous; };
+  auto found = std::find_if(bindings_.begin(), bindings_.end(), [&](const Binding& binding) {
+    return binding.symbol == symbol && isFree(binding);
+  });
+  if (found == bindings_.end()) {
+    found = std::min_element(bindings_.begin(), bindings_.end(),
+                             [&](const Binding& a, const Binding& b) {
+                               return std::pair(!isFree(a), a.lastUse) <
+                                      std::pair(!isFree(b), b.lastUse);
+                             });
+    bind(*found, symbol);
+  }
+  found->lastUse = ++uses_;
+  return *found;
+}
+
+void KeyTypist::bind(Binding& binding, unsigned long symbol) {
+  binding.symbol = symbol;
+  hasNewBindings_ = true;
+  XkbDescPtr const map =
+      XkbGetMap(display_.get(), XkbKeySymsMask | XkbKeyTypesMask, XkbUseCoreKbd);
+  if (map == nullptr) return;
+  // A type that knows of Shift and Caps Lock and gives the same symbol for all: without one,
+  // applications would apply them by themselves.
+  int type = XkbAlphabeticIndex;
+  XkbMapChangesRec changes{};
+  const auto key = static_cast<int>(binding.scanCode);
+  if (XkbChangeTypesOfKey(map, key, 1, XkbGroup1Mask, &type, &changes) == Success) {
+    KeySym* const symbols = XkbKeySymsPtr(map, key);
+    symbols[0] = symbols[1] = symbol;
+    changes.changed |= XkbKeySymsMask;
+    changes.first_key_sym = static_cast<KeyCode>(key);
+    changes.num_key_syms = 1;
+    XkbChangeMap(display_.get(), map, &changes);
+  }
+  XkbFreeKeyboard(map, XkbAllComponentsMask, True);
+}
+
+void KeyTypist::post(std::uint32_t scanCode, bool isDown, std::int64_t userData) {
+  posted_.expect({scanCode, isDown, PostedKeys::Origin::own, 0, userData});
+  XTestFakeKeyEvent(display_.get(), scanCode, isDown ? True : False, CurrentTime);
+}
+
+unsigned KeyTypist::slowKeysDelay() const {
+  XkbDescPtr const keyboard = XkbAllocKeyboard();
+  if (keyboard == nullptr) return 0;
+  unsigned delay = 0;
+  if (XkbGetControls(display_.get(), XkbControlsEnabledMask | XkbSlowKeysMask, keyboard) ==
+          Success &&
+      (keyboard->ctrls->enabled_ctrls & XkbSlowKeysMask) != 0) {
+    delay = keyboard->ctrls->slow_keys_delay + slowKeysMargin;
+  }
+  XkbFreeKeyboard(keyboard, XkbAllComponentsMask, True);
+  return delay;
+}
+
+}  // namespace mirvane

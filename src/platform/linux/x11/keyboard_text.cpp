@@ -1,0 +1,133 @@
+#include "platform/linux/x11/keyboard_text.h"
+
+#include <X11/Xlib-xcb.h>
+#include <xkbcommon/xkbcommon-compose.h>
+#include <xkbcommon/xkbcommon-x11.h>
+
+#include <clocale>
+
+#include "platform/key_codes.h"
+
+namespace mirvane {
+namespace {
+
+constexpr xkb_keysym_t backspace = 0xFF08;
+
+std::string nonEmpty(const char* text, int length) {
+  return length > 0 ? std::string(text, static_cast<std::size_t>(length)) : std::string();
+}
+
+}  // namespace
+
+void KeyboardText::Free::operator()(xkb_context* context) const {
+  xkb_context_unref(context);
+}
+void KeyboardText::Free::operator()(xkb_keymap* keymap) const {
+  xkb_keymap_unref(keymap);
+}
+void KeyboardText::Free::operator()(xkb_state* state) const {
+  xkb_state_unref(state);
+}
+void KeyboardText::Free::operator()(xkb_compose_state* state) const {
+  xkb_compose_state_unref(state);
+}
+
+KeyboardText::KeyboardText(_XDisplay* display)
+    : display_(display),
+      context_(xkb_context_new(XKB_CONTEXT_NO_FLAGS)),
+      compose_(makeComposeState()) {
+  xkb_x11_setup_xkb_extension(XGetXCBConnection(display_), XKB_X11_MIN_MAJOR_XKB_VERSION,
+                              XKB_X11_MIN_MINOR_XKB_VERSION,
+                              XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr,
+                              nullptr);
+  reloadIfStale();
+}
+
+KeyboardText::~KeyboardText() = default;
+
+std::unique_ptr<xkb_compose_state, KeyboardText::Free> KeyboardText::makeComposeState() const {
+  const char* const locale = std::setlocale(LC_CTYPE, nullptr);
+  auto* const table = xkb_compose_table_new_from_locale(
+      context_.get(), locale != nullptr ? locale : "C", XKB_COMPOSE_COMPILE_NO_FLAGS);
+  if (table == nullptr) return nullptr;
+  std::unique_ptr<xkb_compose_state, Free> state(
+      xkb_compose_state_new(table, XKB_COMPOSE_STATE_NO_FLAGS));
+  xkb_compose_table_unref(table);
+  return state;
+}
+
+void KeyboardText::reloadIfStale() {
+  if (!isStale_) return;
+  isStale_ = false;
+  auto* const connection = XGetXCBConnection(display_);
+  const auto device = xkb_x11_get_core_keyboard_device_id(connection);
+  keymap_.reset(xkb_x11_keymap_new_from_device(context_.get(), connection, device,
+                                               XKB_KEYMAP_COMPILE_NO_FLAGS));
+  state_.reset(keymap_ ? xkb_x11_state_new_from_device(keymap_.get(), connection, device)
+                       : nullptr);
+}
+
+void KeyboardText::update(std::uint32_t baseMods, std::uint32_t latchedMods,
+                          std::uint32_t lockedMods, int baseGroup, int latchedGroup,
+                          int lockedGroup) {
+  if (!state_) return;
+  xkb_state_update_mask(state_.get(), baseMods, latchedMods, lockedMods,
+                        static_cast<xkb_layout_index_t>(baseGroup),
+                        static_cast<xkb_layout_index_t>(latchedGroup),
+                        static_cast<xkb_layout_index_t>(lockedGroup));
+}
+
+std::optional<std::string> KeyboardText::press(std::uint32_t scanCode) {
+  reloadIfStale();
+  if (!state_ || !compose_) return textOf(scanCode);
+  const auto symbol = xkb_state_key_get_one_sym(state_.get(), scanCode);
+  // Modifier keys are ignored by the sequence and have no text.
+  if (xkb_compose_state_feed(compose_.get(), symbol) == XKB_COMPOSE_FEED_IGNORED) {
+    return std::nullopt;
+  }
+  switch (xkb_compose_state_get_status(compose_.get())) {
+    case XKB_COMPOSE_COMPOSING:
+    case XKB_COMPOSE_CANCELLED:
+      return std::nullopt;
+    case XKB_COMPOSE_COMPOSED:
+      return composedText();
+    case XKB_COMPOSE_NOTHING:
+      break;
+  }
+  return textOf(scanCode);
+}
+
+std::string KeyboardText::composedText() const {
+  constexpr std::size_t longest = 64;
+  std::string text(longest, '\0');
+  const int length = xkb_compose_state_get_utf8(compose_.get(), text.data(), text.size());
+  return nonEmpty(text.c_str(), length);
+}
+
+std::optional<std::string> KeyboardText::textOf(std::uint32_t scanCode) {
+  reloadIfStale();
+  if (!state_) return std::nullopt;
+  if (xkb_state_key_get_one_sym(state_.get(), scanCode) == backspace) return "\x7F";
+  constexpr std::size_t longest = 16;
+  std::string buffer(longest, '\0');
+  const int length = xkb_state_key_get_utf8(state_.get(), scanCode, buffer.data(), buffer.size());
+  auto text = nonEmpty(buffer.c_str(), length);
+  if (text.empty()) return std::nullopt;
+  return text;
+}
+
+std::uint64_t KeyboardText::modifierFlags() const {
+  if (!state_) return 0;
+  const auto isActive = [this](const char* name) {
+    return xkb_state_mod_name_is_active(state_.get(), name, XKB_STATE_MODS_EFFECTIVE) > 0;
+  };
+  std::uint64_t flags = 0;
+  if (isActive(XKB_MOD_NAME_CAPS)) flags |= modifier::capsLock;
+  if (isActive(XKB_MOD_NAME_SHIFT)) flags |= modifier::shift;
+  if (isActive(XKB_MOD_NAME_CTRL)) flags |= modifier::control;
+  if (isActive(XKB_MOD_NAME_ALT)) flags |= modifier::option;
+  if (isActive(XKB_MOD_NAME_LOGO)) flags |= modifier::command;
+  return flags;
+}
+
+}  // namespace mirvane

@@ -1,0 +1,194 @@
+#include "platform/linux/x11/keyboard_watch.h"
+
+#include <X11/XKBlib.h>
+#include <X11/Xlib.h>
+#include <X11/extensions/XInput2.h>
+#include <X11/extensions/XKBstr.h>
+
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <string_view>
+#include <vector>
+
+namespace mirvane {
+namespace {
+
+constexpr double millisecondsPerSecond = 1000.0;
+
+}  // namespace
+
+double KeyboardWatch::serverMilliseconds() {
+  constexpr double wrapsAt = 4294967296.0;
+  const auto uptime = std::chrono::steady_clock::now().time_since_epoch();
+  return std::fmod(std::chrono::duration<double, std::milli>(uptime).count(), wrapsAt);
+}
+
+KeyboardWatch::KeyboardWatch(_XDisplay* display, PostedKeys& posted, IsWithheld isWithheld,
+                             Sink sink)
+    : display_(display),
+      posted_(posted),
+      isWithheld_(std::move(isWithheld)),
+      sink_(std::move(sink)),
+      text_(display) {
+  int event = 0, error = 0, opcode = 0, major = XkbMajorVersion, minor = XkbMinorVersion;
+  XQueryExtension(display, "XInputExtension", &inputOpcode_, &event, &error);
+  XkbQueryExtension(display, &opcode, &xkbEventBase_, &error, &major, &minor);
+  selectEvents();
+  reloadControls();
+  reloadKeyboards();
+}
+
+void KeyboardWatch::selectEvents() {
+  std::array<unsigned char, XIMaskLen(XI_LASTEVENT)> bits{};
+  XISetMask(bits.data(), XI_RawKeyPress);
+  XISetMask(bits.data(), XI_RawKeyRelease);
+  XISetMask(bits.data(), XI_RawButtonPress);
+  XIEventMask raw{XIAllMasterDevices, static_cast<int>(bits.size()), bits.data()};
+  XISelectEvents(display_, DefaultRootWindow(display_), &raw, 1);
+  bits.fill(0);
+  XISetMask(bits.data(), XI_HierarchyChanged);
+  XIEventMask hierarchy{XIAllDevices, static_cast<int>(bits.size()), bits.data()};
+  XISelectEvents(display_, DefaultRootWindow(display_), &hierarchy, 1);
+  const unsigned long xkb = XkbNewKeyboardNotifyMask | XkbMapNotifyMask | XkbStateNotifyMask |
+                            XkbControlsNotifyMask | XkbAccessXNotifyMask;
+  XkbSelectEvents(display_, XkbUseCoreKbd, static_cast<unsigned>(xkb), static_cast<unsigned>(xkb));
+  XFlush(display_);
+}
+
+void KeyboardWatch::reloadControls() {
+  XkbDescPtr const keyboard = XkbAllocKeyboard();
+  if (keyboard == nullptr) return;
+  if (XkbGetControls(display_, XkbAllControlsMask, keyboard) == Success) {
+    const auto& controls = *keyboard->ctrls;
+    const auto isOn = [&](unsigned mask) { return (controls.enabled_ctrls & mask) != 0; };
+    std::vector<unsigned char> repeats(std::begin(controls.per_key_repeat),
+                                       std::end(controls.per_key_repeat));
+    if (!isOn(XkbRepeatKeysMask)) repeats.assign(repeats.size(), 0);
+    repeat_.setSettings({static_cast<double>(controls.repeat_delay),
+                         std::max<double>(controls.repeat_interval, 1.0),
+                         [repeats = std::move(repeats)](std::uint32_t scanCode) {
+                           return (repeats.at(scanCode / 8) & (1U << (scanCode % 8))) != 0;
+                         }});
+    filters_.setSettings({isOn(XkbSlowKeysMask), isOn(XkbBounceKeysMask),
+                          static_cast<double>(controls.debounce_delay)});
+  }
+  XkbFreeKeyboard(keyboard, XkbAllComponentsMask, True);
+}
+
+void KeyboardWatch::reloadKeyboards() {
+  syntheticKeyboards_.clear();
+  int count = 0;
+  XIDeviceInfo* const devices = XIQueryDevice(display_, XIAllDevices, &count);
+  for (int i = 0; i < count; ++i) {
+    if (std::string_view(devices[i].name).find("XTEST") != std::string_view::npos) {
+      syntheticKeyboards_.insert(devices[i].deviceid);
+    }
+  }
+  XIFreeDeviceInfo(devices);
+}
+
+bool KeyboardWatch::handle(_XEvent& event) {
+  if (event.type == xkbEventBase_) return handleXkb(event);
+  if (event.type != GenericEvent || event.xcookie.extension != inputOpcode_) return false;
+  if (XGetEventData(display_, &event.xcookie) == 0) return false;
+  bool isOurs = true;
+  switch (event.xcookie.evtype) {
+    case XI_RawKeyPress:
+    case XI_RawKeyRelease: {
+      const auto& raw = *static_cast<const XIRawEvent*>(event.xcookie.data);
+      handleRaw(raw.sourceid, static_cast<std::uint32_t>(raw.detail),
+                raw.evtype == XI_RawKeyPress, static_cast<double>(raw.time));
+      break;
+    }
+    case XI_HierarchyChanged:
+      reloadKeyboards();
+      break;
+    default:
+      isOurs = false;
+  }
+  XFreeEventData(display_, &event.xcookie);
+  return isOurs;
+}
+
+bool KeyboardWatch::handleXkb(const _XEvent& event) {
+  XkbEvent xkb{};
+  xkb.core = event;
+  switch (xkb.any.xkb_type) {
+    case XkbStateNotify:
+      text_.update(xkb.state.base_mods, xkb.state.latched_mods, xkb.state.locked_mods,
+                   xkb.state.base_group, xkb.state.latched_group, xkb.state.locked_group);
+      break;
+    case XkbNewKeyboardNotify:
+    case XkbMapNotify:
+      text_.invalidate();
+      break;
+    case XkbControlsNotify:
+      reloadControls();
+      break;
+    case XkbAccessXNotify:
+      if (xkb.accessx.detail == XkbAXN_SKAccept) {
+        const auto scanCode = static_cast<std::uint32_t>(xkb.accessx.keycode);
+        filters_.acceptSlowKey(scanCode);
+        press(scanCode, static_cast<double>(xkb.accessx.time));
+      }
+      break;
+    default:
+      break;
+  }
+  return true;
+}
+
+void KeyboardWatch::handleRaw(int device, std::uint32_t scanCode, bool isDown,
+                              double milliseconds) {
+  if (isWithheld_(scanCode, isDown)) return;
+  if (syntheticKeyboards_.count(device) > 0) {
+    if (const auto own = posted_.take(scanCode, isDown)) {
+      handlePosted(*own);
+      return;
+    }
+  }
+  handleHardware(scanCode, isDown, milliseconds);
+}
+
+void KeyboardWatch::handlePosted(const PostedKeys::Key& key) {
+  if (key.origin == PostedKeys::Origin::silent) return;
+  if (key.origin == PostedKeys::Origin::user) {
+    handleHardware(key.scanCode, key.isDown, key.timestamp * millisecondsPerSecond);
+    return;
+  }
+  sink_({key.scanCode, key.isDown, true, key.userData, std::nullopt, text_.modifierFlags(),
+         serverMilliseconds() / millisecondsPerSecond});
+}
+
+void KeyboardWatch::handleHardware(std::uint32_t scanCode, bool isDown, double milliseconds) {
+  if (!isDown) {
+    repeat_.release(scanCode);
+    if (filters_.release(scanCode, milliseconds)) release(scanCode, milliseconds);
+  } else if (filters_.press(scanCode, milliseconds)) {
+    press(scanCode, milliseconds);
+  }
+}
+
+void KeyboardWatch::press(std::uint32_t scanCode, double milliseconds) {
+  repeat_.press(scanCode, milliseconds);
+  report(scanCode, true, milliseconds, text_.press(scanCode));
+}
+
+void KeyboardWatch::release(std::uint32_t scanCode, double milliseconds) {
+  report(scanCode, false, milliseconds, text_.textOf(scanCode));
+}
+
+void KeyboardWatch::reportDueRepeats(double now) {
+  while (const auto due = repeat_.takeDue(now)) {
+    report(due->scanCode, true, due->time, text_.textOf(due->scanCode));
+  }
+}
+
+void KeyboardWatch::report(std::uint32_t scanCode, bool isDown, double milliseconds,
+                           std::optional<std::string> text) {
+  sink_({scanCode, isDown, false, 0, std::move(text), text_.modifierFlags(),
+         milliseconds / millisecondsPerSecond});
+}
+
+}  // namespace mirvane

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "platform/linux/x11/auto_repeat.h"
+#include "platform/linux/x11/key_filters.h"
+#include "platform/linux/x11/keyboard_text.h"
+#include "platform/linux/x11/posted_keys.h"
+
+union _XEvent;
+
+namespace mirvane {
+
+/// A press or release somewhere on the desktop, automatic repeats included.
+struct WatchedKey {
+  std::uint32_t scanCode = 0;
+  bool isDown = true;
+  bool isOwn = false;         ///< posted by this system
+  std::int64_t userData = 0;  ///< what it was posted with
+  std::optional<std::string> text;
+  std::uint64_t modifierFlags = 0;
+  double timestamp = 0;  ///< seconds since the system started
+};
+
+/// Turns the X server's raw keyboard events into typing: with text, automatic repeat, and the
+/// presses that the desktop's key filters swallow left out.
+class KeyboardWatch {
+ public:
+  using Sink = std::function<void(const WatchedKey&)>;
+  /// Whether a key is kept for later; it is reported when it comes back.
+  using IsWithheld = std::function<bool(std::uint32_t scanCode, bool isDown)>;
+
+  /// `display` and `posted` outlive this object; events of the display go through `handle`.
+  KeyboardWatch(_XDisplay* display, PostedKeys& posted, IsWithheld isWithheld, Sink sink);
+
+  /// Takes an event of the display; false when it is none of the keyboard's.
+  bool handle(_XEvent& event);
+
+  /// When the next repeat of a held key is due, milliseconds of `serverMilliseconds`.
+  [[nodiscard]] std::optional<double> repeatDueTime() const { return repeat_.dueTime(); }
+  void reportDueRepeats(double now);
+
+  /// What is held down now no longer types where it did.
+  void stopRepeating() { repeat_.stop(); }
+
+  /// The X server's clock: the system's uptime in ms, in 32 bits.
+  [[nodiscard]] static double serverMilliseconds();
+
+ private:
+  void selectEvents();
+  void reloadControls();
+  void reloadKeyboards();
+  bool handleXkb(const _XEvent& event);
+  void handleRaw(int device, std::uint32_t scanCode, bool isDown, double milliseconds);
+  void handleHardware(std::uint32_t scanCode, bool isDown, double milliseconds);
+  void handlePosted(const PostedKeys::Key& key);
+  void press(std::uint32_t scanCode, double milliseconds);
+  void release(std::uint32_t scanCode, double milliseconds);
+  void report(std::uint32_t scanCode, bool isDown, double milliseconds,
+              std::optional<std::string> text);
+
+  _XDisplay* display_;
+  PostedKeys& posted_;
+  IsWithheld isWithheld_;
+  Sink sink_;
+  int inputOpcode_ = 0;
+  int xkbEventBase_ = 0;
+  std::set<int> syntheticKeyboards_;  ///< XTEST keyboards, by device id
+  KeyboardText text_;
+  AutoRepeat repeat_;
+  KeyFilters filters_;
+};
+
+}  // namespace mirvane

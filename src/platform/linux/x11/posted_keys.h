@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <optional>
+
+namespace mirvane {
+
+/// Which keys the XTEST keyboard will send back to us because this process posted them. What other
+/// programs post there, an on-screen keyboard for one, comes in between and is theirs.
+///
+/// Used by two threads.
+class PostedKeys {
+ public:
+  enum class Origin {
+    own,     ///< typed by this system
+    user,    ///< a key of the participant, given back after it was held
+    silent,  ///< completes a key given back; nobody is to hear of it
+  };
+
+  struct Key {
+    std::uint32_t scanCode = 0;
+    bool isDown = true;
+    Origin origin = Origin::own;
+    double timestamp = 0;       ///< seconds; when the participant pressed it
+    std::int64_t userData = 0;  ///< who typed an own key
+
+    bool operator==(const Key&) const = default;
+  };
+
+  /// Before the key is posted.
+  void expect(const Key& key);
+
+  /// The key that came back, forgotten with this answer. Absent when the event is not ours: keys
+  /// come back in the order in which they were posted.
+  [[nodiscard]] std::optional<Key> take(std::uint32_t scanCode, bool isDown);
+
+ private:
+  std::mutex mutex_;
+  std::deque<Key> keys_;
+};
+
+}  // namespace mirvane
