@@ -3,7 +3,7 @@
 import unicodedata
 
 from Xlib import X, display
-from Xlib.ext import xinput, xtest
+from Xlib.ext import ge, xinput, xtest
 from Xlib.protocol import rq
 
 from keyboard import Keyboard, virtual_key_of
@@ -12,8 +12,7 @@ _SLAVE_KEYBOARD = 4
 # The device events of the X Input extension follow its first event, valuators, in this order.
 _DEVICE_EVENT = {X.KeyPress: 1, X.KeyRelease: 2}
 
-_RawKeyEvent = rq.Struct(rq.Card16("deviceid"), rq.Card32("time"), rq.Card32("detail"),
-                         rq.Card16("sourceid"))
+_RawKeyEvent = rq.Struct(rq.Card16("deviceid"), rq.Card32("time"), rq.Card32("detail"))
 
 
 class _FakeDeviceInput(rq.Request):
@@ -56,7 +55,7 @@ class KeyWitness:
             self._display.ge_add_event_data(
                 self._display.display.get_extension_major(xinput.extname), kind, _RawKeyEvent)
         self._display.screen().root.xinput_select_events(
-            [(xinput.AllMasterDevices, xinput.RawKeyPressMask | xinput.RawKeyReleaseMask)])
+            [(self._device, xinput.RawKeyPressMask | xinput.RawKeyReleaseMask)])
         self._display.sync()
 
     def take(self):
@@ -64,8 +63,7 @@ class KeyWitness:
         self._display.sync()
         events = [self._display.next_event() for _ in range(self._display.pending_events())]
         return [(event.evtype == xinput.RawKeyPress, event.data.detail, event.data.time / 1000)
-                for event in events
-                if getattr(event, "evtype", None) and event.data.sourceid == self._device]
+                for event in events if event.type == ge.GenericEventCode]
 
     def recording_of(self, played):
         """The events of what was played, each at the time the server gave it."""
