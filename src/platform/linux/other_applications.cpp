@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/key_codes.h"
 #include "platform/linux/atspi/accessibility_link.h"
 #include "platform/linux/atspi/field_writer.h"
 #include "platform/linux/atspi/focus_watch.h"
@@ -11,14 +12,12 @@
 #include "platform/linux/key_identity.h"
 #include "platform/linux/x11/desktop_input.h"
 #include "platform/linux/x11/key_typist.h"
-#include "platform/key_codes.h"
 #include "text/utf16.h"
 
 namespace mirvane {
 namespace {
 
-constexpr std::uint64_t commandModifiers =
-    modifier::control | modifier::option | modifier::command;
+constexpr std::uint64_t commandModifiers = modifier::control | modifier::option | modifier::command;
 
 InputEvent inputEventOf(const WatchedKey& key) {
   return {key.isDown ? EventMask::keyDown : EventMask::keyUp,
@@ -39,8 +38,8 @@ std::optional<std::string> effectOf(const WatchedKey& key) {
 /// Gathers the keys of one replacement.
 class RemoteKeySource : public KeyEventSource {
  public:
-  using Type = std::function<void(std::int64_t deleteCount, const std::string& text,
-                                  std::int64_t userData)>;
+  using Type =
+      std::function<void(std::int64_t deleteCount, const std::string& text, std::int64_t userData)>;
 
   explicit RemoteKeySource(Type type) : type_(std::move(type)) {}
   RemoteKeySource(const RemoteKeySource&) = delete;
@@ -138,30 +137,37 @@ class OtherApplications::Implementation {
           return typist_->canType() && mayStandBeforeCaret(processId, expected);
         });
     if (!mayType.value_or(false)) return nullptr;
-    return std::make_unique<RemoteKeySource>(
-        [this, window = window_->id](std::int64_t deleteCount, const std::string& text,
-                                     std::int64_t userData) {
-          thread_.post([this, window, deleteCount, text, userData] {
-            writer_->type(window, deleteCount, text, userData);
-          });
-        });
+    return std::make_unique<RemoteKeySource>([this, window = window_->id](std::int64_t deleteCount,
+                                                                          const std::string& text,
+                                                                          std::int64_t userData) {
+      thread_.post([this, window, deleteCount, text, userData] {
+        writer_->type(window, deleteCount, text, userData);
+      });
+    });
   }
 
  private:
   // On the accessibility thread.
 
   void handle(const DesktopKey& key, FocusWatch::Clock::time_point pressedAt) {
-    auto context = key.window.isTerminal || key.key.isOwn
-                       ? KeyContext{key.window.isTerminal, nullptr, std::nullopt}
-                       : watch_.contextOfKey(key.window.processId, effectOf(key.key), pressedAt);
+    auto context = contextOf(key, pressedAt);
     isSecure_ = watch_.isSecure();
     if (context.isSecure) {
-      if (key.isFrozen) input_->thaw();
+      if (key.isHolding) input_->giveBack();
       return;
     }
     // std::function wants what it holds to be copyable.
     auto shared = std::make_shared<KeyContext>(std::move(context));
     tasks_.post(lifetime_.guard([this, key, shared] { deliver(key, std::move(*shared)); }));
+  }
+
+  [[nodiscard]] KeyContext contextOf(const DesktopKey& key,
+                                     FocusWatch::Clock::time_point pressedAt) {
+    KeyContext context;
+    context.isSecure = key.window.isTerminal || watch_.wasSecure(pressedAt);
+    // Releases and own keys change nothing that anybody asks about.
+    if (context.isSecure || !key.key.isDown || key.key.isOwn) return context;
+    return watch_.contextOfKey(key.window.processId, effectOf(key.key), pressedAt);
   }
 
   void handlePointer(double timestamp) {
@@ -183,7 +189,8 @@ class OtherApplications::Implementation {
     isSecure_ = watch_.isSecure();
     if (isSecure_) return false;
     const auto content = field ? field->read() : std::nullopt;
-    if (!content) return field == nullptr || !field->hasText();
+    // What does not answer may hold anything.
+    if (!content) return field ? !field->hasText() : !watch_.isAccessible(processId);
     const auto length = static_cast<std::int64_t>(expected.size());
     return content->selection.length == 0 &&
            content->text.text({content->selection.location - length, length}) == expected;
@@ -198,14 +205,14 @@ class OtherApplications::Implementation {
     isInKey_ = true;
     report(inputEventOf(key.key));
     // Behind what the handlers have queued.
-    tasks_.post(lifetime_.guard([this, isFrozen = key.isFrozen] { finish(isFrozen); }));
+    tasks_.post(lifetime_.guard([this, isHolding = key.isHolding] { finish(isHolding); }));
   }
 
-  void finish(bool isFrozen) {
+  void finish(bool isHolding) {
     isInKey_ = false;
     element_.reset();
     // Behind the keys that are to be typed first.
-    if (isFrozen) thread_.post([this] { input_->thaw(); });
+    if (isHolding) thread_.post([this] { input_->giveBack(); });
   }
 
   void report(const InputEvent& event) const {

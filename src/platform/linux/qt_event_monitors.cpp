@@ -116,7 +116,7 @@ bool QtEventMonitors::eventFilter(QObject* receiver, QEvent* event) {
 void QtEventMonitors::handleKey(const QKeyEvent& event) {
   if (const auto* own = dynamic_cast<const SynthesizedKeyEvent*>(&event)) {
     reportOwn({kindOf(event), own->virtualKey(), charactersOf(event), own->modifierFlags(),
-            clock_.monotonicSeconds(), own->userData()});
+               clock_.monotonicSeconds(), own->userData()});
     return;
   }
   queue_.runPending();
@@ -128,21 +128,22 @@ void QtEventMonitors::handleKey(const QKeyEvent& event) {
     return;
   }
   reportOwn({kindOf(event), keyCode, charactersOf(event), modifierKeys_.flagsAfter(event, keyCode),
-          static_cast<double>(event.timestamp()) / millisecondsPerSecond, 0});
+             static_cast<double>(event.timestamp()) / millisecondsPerSecond, 0});
 }
 
 void QtEventMonitors::handleModifierKey(const QKeyEvent& event, std::uint16_t keyCode) {
   if (event.isAutoRepeat()) return;
   modifierKeys_.note(keyCode, event.type() == QEvent::KeyPress);
-  reportOwn({EventMask::flagsChanged, keyCode, std::nullopt, modifierKeys_.flagsAfter(event, keyCode),
-          static_cast<double>(event.timestamp()) / millisecondsPerSecond, 0});
+  reportOwn({EventMask::flagsChanged, keyCode, std::nullopt,
+             modifierKeys_.flagsAfter(event, keyCode),
+             static_cast<double>(event.timestamp()) / millisecondsPerSecond, 0});
 }
 
 void QtEventMonitors::handleCommit(const QInputMethodEvent& event) {
   if (event.commitString().isEmpty()) return;
   queue_.runPending();
   reportOwn({EventMask::keyDown, keycode::text, event.commitString().toStdString(),
-          modifierKeys_.heldFlags(), clock_.monotonicSeconds(), std::nullopt});
+             modifierKeys_.heldFlags(), clock_.monotonicSeconds(), std::nullopt});
 }
 
 void QtEventMonitors::handlePointerDown(const QPointerEvent& event) {

@@ -94,8 +94,7 @@ void AccessibilityThread::run() {
 bool AccessibilityThread::waitUntil(const std::function<bool()>& condition,
                                     Clock::time_point deadline) {
   while (!condition()) {
-    const auto left =
-        std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
     if (left <= 0) return false;
     GSource* const timer = g_timeout_source_new(static_cast<guint>(left));
     g_source_set_callback(timer, stopWaiting, nullptr, nullptr);

@@ -43,8 +43,8 @@ bool FieldWriter::replace(const TextField& field, std::uint64_t window,
   if (!field.isFocused() || field.text(replacement.range) != replacement.replaced) return false;
   bool isDone = false;
   input_.withKeysHeldBack([&] {
-    isDone = replaceSelected(field, window, replacement) ||
-             replaceBackwards(field, window, replacement);
+    isDone =
+        replaceSelected(field, window, replacement) || replaceBackwards(field, window, replacement);
   });
   return isDone;
 }

@@ -10,7 +10,8 @@
 namespace mirvane {
 
 /// Replaces text in fields of other applications, by the best way that each of them knows:
-/// as editable text; by selecting and typing; by Backspaces. Used on the accessibility thread alone.
+/// as editable text; by selecting and typing; by Backspaces. Used on the accessibility thread
+/// alone.
 class FieldWriter {
  public:
   FieldWriter(DesktopInput& input, KeyTypist& typist) : input_(input), typist_(typist) {}

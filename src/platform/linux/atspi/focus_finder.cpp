@@ -14,6 +14,9 @@ using Accessible = GObjectPointer<AtspiAccessible>;
 constexpr int mostElements = 2000;
 constexpr std::chrono::milliseconds longestSearch{150};
 
+constexpr std::chrono::milliseconds slowAnswer{80};
+constexpr std::chrono::milliseconds pauseLength{300};
+
 bool hasState(AtspiAccessible* accessible, AtspiStateType state) {
   const GObjectPointer<AtspiStateSet> states(atspi_accessible_get_state_set(accessible));
   return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
@@ -64,7 +67,13 @@ class Walk {
 }  // namespace
 
 std::shared_ptr<TextField> FocusFinder::find(int processId) {
+  if (hasPause(processId)) return nullptr;
+  const auto askedAt = Clock::now();
   if (last_ && lastProcessId_ == processId && last_->isFocused()) return last_;
+  if (Clock::now() - askedAt > slowAnswer) {
+    pause_ = {processId, Clock::now() + pauseLength};
+    return nullptr;
+  }
   auto* const application = applicationOf(processId);
   if (application == nullptr) return nullptr;
   const bool isAnnounced = announced_ != nullptr &&
@@ -75,23 +84,23 @@ std::shared_ptr<TextField> FocusFinder::find(int processId) {
   return last_;
 }
 
+bool FocusFinder::hasPause(int processId) const {
+  return pause_.processId == processId && Clock::now() < pause_.until;
+}
+
 void FocusFinder::noteFocused(AtspiAccessible* accessible) {
   announced_.reset(static_cast<AtspiAccessible*>(g_object_ref(accessible)));
 }
 
 std::shared_ptr<TextField> FocusFinder::makeField(Accessible accessible) {
   auto field = std::make_unique<TextField>(std::move(accessible));
-  return {field.release(), [&thread = thread_](const TextField* last) {
-            thread.post([last] { delete last; });
-          }};
+  return {field.release(),
+          [&thread = thread_](const TextField* last) { thread.post([last] { delete last; }); }};
 }
 
 AtspiAccessible* FocusFinder::applicationOf(int processId) {
   auto& known = applications_[processId];
-  if (known != nullptr && atspi_accessible_get_child_count(known.get(), nullptr) >= 0) {
-    return known.get();
-  }
-  known.reset();
+  if (known != nullptr) return known.get();
   const Accessible desktop(atspi_get_desktop(0));
   const int count = atspi_accessible_get_child_count(desktop.get(), nullptr);
   for (int i = 0; i < count; ++i) {

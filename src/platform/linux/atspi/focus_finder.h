@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <unordered_map>
 
@@ -19,10 +20,20 @@ class FocusFinder {
   /// not answer. What was found is asked first the next time.
   [[nodiscard]] std::shared_ptr<TextField> find(int processId);
 
+  /// Whether the process takes part in accessibility, responsive or not.
+  [[nodiscard]] bool isAccessible(int processId) { return applicationOf(processId) != nullptr; }
+
   /// An element has announced that it has the focus now: the next search begins there.
   void noteFocused(AtspiAccessible* accessible);
 
  private:
+  /// An application that has just let a question go unanswered is not asked for a moment.
+  struct Pause {
+    int processId = 0;
+    std::chrono::steady_clock::time_point until{};
+  };
+
+  [[nodiscard]] bool hasPause(int processId) const;
   [[nodiscard]] AtspiAccessible* applicationOf(int processId);
   [[nodiscard]] std::shared_ptr<TextField> search(AtspiAccessible* application);
 
@@ -32,6 +43,7 @@ class FocusFinder {
   std::unordered_map<int, GObjectPointer<AtspiAccessible>> applications_;
   std::shared_ptr<TextField> last_;
   int lastProcessId_ = 0;
+  Pause pause_;
   GObjectPointer<AtspiAccessible> announced_;
 };
 

@@ -90,7 +90,7 @@ KeyContext FocusWatch::contextOfKey(int processId, const std::optional<std::stri
                                     Clock::time_point pressedAt) {
   auto field = focusedField(processId);
   // The last key of a password may have moved the focus on.
-  if (isSecure_ || pressedAt <= lastSecure_) return {true, nullptr, std::nullopt};
+  if (wasSecure(pressedAt)) return {true, nullptr, std::nullopt};
   if (!field) return {};
   if (text) waitForEffect(*field, *text, pressedAt);
   // A key may have moved the focus, to a password field too.
@@ -104,8 +104,8 @@ void FocusWatch::waitForEffect(const TextField& field, const std::string& text,
                                Clock::time_point pressedAt) {
   const auto* const application = field.application();
   if (silence_[application] >= patience) return;
-  const bool isShown = thread_.waitUntil(
-      [&] { return changes_.takeChangeOf(application, text); }, pressedAt + longestEffect);
+  const bool isShown = thread_.waitUntil([&] { return changes_.takeChangeOf(application, text); },
+                                         pressedAt + longestEffect);
   if (!isShown) ++silence_[application];
 }
 

@@ -41,6 +41,14 @@ class FocusWatch {
   /// The focused element of the process; null when there is none to be reached.
   [[nodiscard]] std::shared_ptr<TextField> focusedField(int processId);
 
+  /// Whether the application takes part in accessibility at all.
+  [[nodiscard]] bool isAccessible(int processId) { return finder_.isAccessible(processId); }
+
+  /// Whether a key pressed at that time may be part of a password.
+  [[nodiscard]] bool wasSecure(Clock::time_point pressedAt) const {
+    return isSecure_ || pressedAt <= lastSecure_;
+  }
+
   /// Whether the element that had the focus last takes a password.
   [[nodiscard]] bool isSecure() const { return isSecure_; }
 

@@ -103,8 +103,8 @@ bool TextField::replace(Range range, std::string_view text) const {
   if (editableText_ == nullptr || !hasText()) return false;
   // The interface asks for the length of the text to insert; toolkits read it in units of their
   // own: bytes in GTK, their characters in Qt.
-  const auto length = unit_ == TextUnit::utf16 ? text::utf16Length(text)
-                                               : static_cast<std::int64_t>(text.size());
+  const auto length =
+      unit_ == TextUnit::utf16 ? text::utf16Length(text) : static_cast<std::int64_t>(text.size());
   // First the new, behind the old: an application that ignores the one must not lose the other.
   const auto end = static_cast<gint>(range.end);
   if (!text.empty()) {

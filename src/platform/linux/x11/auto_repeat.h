@@ -12,8 +12,8 @@ namespace mirvane {
 class AutoRepeat {
  public:
   struct Settings {
-    double delay = 0;     ///< from the press to the first repeat
-    double interval = 0;  ///< between repeats, over 0
+    double delay = 0;                                     ///< from the press to the first repeat
+    double interval = 0;                                  ///< between repeats, over 0
     std::function<bool(std::uint32_t scanCode)> repeats;  ///< whether a key repeats at all
   };
 

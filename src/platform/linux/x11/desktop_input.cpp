@@ -26,8 +26,8 @@ namespace mirvane {
 namespace {
 
 constexpr double millisecondsPerSecond = 1000.0;
-/// The longest time for which keys wait when nobody thaws.
-constexpr double longestFreeze = 250.0;  // ms
+/// The longest time for which keys wait when nobody gives them back.
+constexpr double longestHold = 250.0;  // ms
 
 /// Windows come and go while they are asked about; an answer that never comes is answer enough.
 int ignoreError(Display*, XErrorEvent*) {
@@ -47,12 +47,10 @@ class DesktopInput::Thread {
         display_(std::move(display)),
         wakeUp_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
         hold_(std::move(holdDisplay), posted),
-        watch_(
-            display_.get(), posted,
-            [this](std::uint32_t scanCode, bool isDown) {
-              return hold_.takesEvent(scanCode, isDown);
-            },
-            [this](const WatchedKey& key) { handleKey(key); }) {
+        watch_(display_.get(), posted,
+               {[this](const WatchedKey& key) { handleKey(key); },
+                [this](std::uint32_t scanCode) { hold_.noteRelease(scanCode); },
+                [this] { hold_.reloadKeyboards(); }}) {
     XSelectInput(display_.get(), DefaultRootWindow(display_.get()), PropertyChangeMask);
     activeWindowAtom_ = XInternAtom(display_.get(), "_NET_ACTIVE_WINDOW", False);
     thread_ = std::thread([this] { run(); });
@@ -89,6 +87,11 @@ class DesktopInput::Thread {
 
   KeyboardHold& hold() { return hold_; }
 
+  void endHold() {
+    if (holdingSince_) hold_.giveBack();
+    holdingSince_.reset();
+  }
+
  private:
   void run() {
     announceActiveWindow();
@@ -97,16 +100,16 @@ class DesktopInput::Thread {
       runCommands();
       const double now = KeyboardWatch::serverMilliseconds();
       watch_.reportDueRepeats(now);
-      if (hold_.isFrozen() && now - frozenSince_ > longestFreeze) hold_.thaw();
+      if (holdingSince_ && now - *holdingSince_ > longestHold) endHold();
       waitForWork();
     }
-    hold_.thaw();
+    endHold();
   }
 
   void waitForWork() {
     if (XPending(display_.get()) > 0) return;
-    std::array<pollfd, 2> sources{{{ConnectionNumber(display_.get()), POLLIN, 0},
-                                   {wakeUp_, POLLIN, 0}}};
+    std::array<pollfd, 2> sources{
+        {{ConnectionNumber(display_.get()), POLLIN, 0}, {wakeUp_, POLLIN, 0}}};
     poll(sources.data(), sources.size(), millisecondsToNextDeadline());
     std::uint64_t count = 0;
     [[maybe_unused]] const auto bytes = read(wakeUp_, &count, sizeof count);
@@ -115,13 +118,13 @@ class DesktopInput::Thread {
   /// -1 when nothing is due.
   [[nodiscard]] int millisecondsToNextDeadline() const {
     auto due = watch_.repeatDueTime();
-    if (hold_.isFrozen()) {
-      const double thawAt = frozenSince_ + longestFreeze;
-      due = due ? std::min(*due, thawAt) : thawAt;
+    if (holdingSince_) {
+      const double endsAt = *holdingSince_ + longestHold;
+      due = due ? std::min(*due, endsAt) : endsAt;
     }
     if (!due) return -1;
     const double left = std::ceil(*due - KeyboardWatch::serverMilliseconds());
-    return static_cast<int>(std::clamp(left, 0.0, longestFreeze));
+    return static_cast<int>(std::clamp(left, 0.0, longestHold));
   }
 
   void runCommands() {
@@ -183,21 +186,15 @@ class DesktopInput::Thread {
       return;
     }
     // Releases tell nothing that is typed.
-    if (key.isDown && !key.isOwn && !mayBeHeard(key)) return;
-    callbacks_.onKey({key, *window, hold_.isFrozen() && endsWord(key)});
+    if (key.isDown && !key.isOwn && hold_.isKeyboardTaken()) return;
+    const bool isHolding = endsWord(key) && !window->isTerminal;
+    if (isHolding) startHold();
+    callbacks_.onKey({key, *window, isHolding});
   }
 
-  /// Whether the application gets the key at all. Leaves the keyboard frozen behind a key that
-  /// ends a word.
-  bool mayBeHeard(const WatchedKey& key) {
-    if (hold_.isFrozen()) return true;
-    if (!hold_.freeze()) return false;
-    if (endsWord(key)) {
-      frozenSince_ = KeyboardWatch::serverMilliseconds();
-    } else {
-      hold_.thaw();
-    }
-    return true;
+  void startHold() {
+    if (!holdingSince_) hold_.holdBack();
+    holdingSince_ = KeyboardWatch::serverMilliseconds();
   }
 
   Callbacks callbacks_;
@@ -207,7 +204,7 @@ class DesktopInput::Thread {
   KeyboardWatch watch_;
   unsigned long activeWindowAtom_ = 0;
   std::uint64_t activeWindowId_ = 0;
-  double frozenSince_ = 0;
+  std::optional<double> holdingSince_;  ///< ms, for the sake of a key that ends a word
   std::atomic<bool> isWatching_ = false;
   bool isRunning_ = true;
   std::mutex mutex_;
@@ -232,8 +229,8 @@ void DesktopInput::setWatching(bool isWatching) {
   thread_->setWatching(isWatching);
 }
 
-void DesktopInput::thaw() {
-  thread_->post([this] { thread_->hold().thaw(); });
+void DesktopInput::giveBack() {
+  thread_->post([this] { thread_->endHold(); });
 }
 
 void DesktopInput::withKeysHeldBack(const std::function<void()>& type) {

@@ -12,16 +12,16 @@ namespace mirvane {
 struct DesktopKey {
   WatchedKey key;
   DesktopWindow window;
-  /// The keyboard waits until `DesktopInput::thaw`.
-  bool isFrozen = false;
+  /// The participant's next keys wait for `DesktopInput::giveBack`.
+  bool isHolding = false;
 };
 
 /// The keyboard, the pointer's buttons and the active window of the whole desktop, watched by a
 /// thread of its own over connections of its own, so that a busy main thread delays nothing.
 ///
-/// A key that ends a word freezes the keyboard: no key can come between that key and the
-/// correction of the word. Whoever hears of it thaws; the thread does it by itself before a person
-/// would notice, should nobody do it.
+/// A key that ends a word holds the following ones back: none can come between that key and the
+/// correction of the word. Whoever hears of it gives them back; the thread does it by itself before
+/// a person would notice, should nobody do it.
 class DesktopInput {
  public:
   /// All called on that thread, in the order of the events.
@@ -34,8 +34,7 @@ class DesktopInput {
   };
 
   /// Null where keys cannot be watched: no X server, or Wayland.
-  [[nodiscard]] static std::unique_ptr<DesktopInput> start(PostedKeys& posted,
-                                                           Callbacks callbacks);
+  [[nodiscard]] static std::unique_ptr<DesktopInput> start(PostedKeys& posted, Callbacks callbacks);
   ~DesktopInput();
   DesktopInput(const DesktopInput&) = delete;
   DesktopInput& operator=(const DesktopInput&) = delete;
@@ -43,7 +42,8 @@ class DesktopInput {
   /// Keys and pointer presses are told only while watching; activations always.
   void setWatching(bool isWatching);
 
-  void thaw();
+  /// After a key that is holding others back.
+  void giveBack();
 
   /// Keeps the participant's keys here while `type` posts others, and gives them back afterwards.
   /// Called from any thread but this one; returns when all is done.

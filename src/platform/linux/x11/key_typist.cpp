@@ -44,9 +44,8 @@ KeyTypist::KeyTypist(XDisplay display, PostedKeys& posted)
 void KeyTypist::findUnusedKeys() {
   int first = 0, last = 0, symbolsPerKey = 0;
   XDisplayKeycodes(display_.get(), &first, &last);
-  KeySym* const symbols =
-      XGetKeyboardMapping(display_.get(), static_cast<KeyCode>(first), last - first + 1,
-                          &symbolsPerKey);
+  KeySym* const symbols = XGetKeyboardMapping(display_.get(), static_cast<KeyCode>(first),
+                                              last - first + 1, &symbolsPerKey);
   if (symbols == nullptr) return;
   for (int key = 0; key <= last - first; ++key) {
     const KeySym* const begin = symbols + static_cast<std::ptrdiff_t>(key) * symbolsPerKey;
@@ -121,11 +120,10 @@ KeyTypist::Binding& KeyTypist::bindingFor(unsigned long symbol, std::uint32_t pr
     return binding.symbol == symbol && isFree(binding);
   });
   if (found == bindings_.end()) {
-    found = std::min_element(bindings_.begin(), bindings_.end(),
-                             [&](const Binding& a, const Binding& b) {
-                               return std::pair(!isFree(a), a.lastUse) <
-                                      std::pair(!isFree(b), b.lastUse);
-                             });
+    found = std::min_element(
+        bindings_.begin(), bindings_.end(), [&](const Binding& a, const Binding& b) {
+          return std::pair(!isFree(a), a.lastUse) < std::pair(!isFree(b), b.lastUse);
+        });
     bind(*found, symbol);
   }
   found->lastUse = ++uses_;
@@ -135,8 +133,7 @@ KeyTypist::Binding& KeyTypist::bindingFor(unsigned long symbol, std::uint32_t pr
 void KeyTypist::bind(Binding& binding, unsigned long symbol) {
   binding.symbol = symbol;
   hasNewBindings_ = true;
-  XkbDescPtr const map =
-      XkbGetMap(display_.get(), XkbKeySymsMask | XkbKeyTypesMask, XkbUseCoreKbd);
+  XkbDescPtr const map = XkbGetMap(display_.get(), XkbKeySymsMask | XkbKeyTypesMask, XkbUseCoreKbd);
   if (map == nullptr) return;
   // A type that knows of Shift and Caps Lock and gives the same symbol for all: without one,
   // applications would apply them by themselves.

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <set>
 #include <vector>
 
 #include "platform/linux/x11/posted_keys.h"
@@ -9,36 +10,28 @@
 
 namespace mirvane {
 
-/// Makes the participant's keys wait while a word is being replaced, and gives them back in order.
-///
-/// There are two ways. *Frozen*, the X server itself keeps all keys back, those of XTEST included,
-/// and delivers them afterwards as if nothing had been: nothing can be lost, not even when this
-/// process dies. It is enough while text is replaced through accessibility. *Held back*, the
-/// hardware's keys come here instead of going to the application, so that XTEST can type in
-/// between; they are typed again through XTEST afterwards.
+/// Makes the participant's keys wait while a word is being replaced, and gives them back in order:
+/// the hardware's keyboards are grabbed one by one, so that their keys come here instead of going
+/// to the application, and are typed again through XTEST afterwards. The keyboard as a whole is
+/// never grabbed: some toolkits take that for a loss of the focus.
 class KeyboardHold {
  public:
-  /// `display` is used by this object alone.
+  /// `display` is used by this object alone; `posted` outlives it.
   KeyboardHold(XDisplay display, PostedKeys& posted);
 
-  /// Freezes the keyboard. False when another program has it to itself (a screen lock, a password
-  /// prompt, an open menu): what is typed then is nobody's business.
-  [[nodiscard]] bool freeze();
-  [[nodiscard]] bool isFrozen() const { return isFrozen_; }
+  /// Whether another program has the keyboard to itself: a screen lock, a password prompt, an open
+  /// menu. What is typed then is nobody's business.
+  [[nodiscard]] bool isKeyboardTaken() const;
 
-  /// Ends freezing; does nothing when not frozen.
-  void thaw();
+  /// Keyboards were plugged in or out.
+  void reloadKeyboards();
 
-  /// Holds the hardware's keys back, frozen or not.
+  /// Holds the hardware's keys back until as many calls of `giveBack` have followed.
   void holdBack();
-
-  /// Types what was held back and lets the hardware's keys go to the applications again. Does
-  /// nothing when none are held back.
   void giveBack();
 
-  /// Whether the event of the hardware was taken here and will be given back. To be asked once for
-  /// each event.
-  [[nodiscard]] bool takesEvent(std::uint32_t scanCode, bool isDown);
+  /// The hardware has released a key, which may still be down for XTEST.
+  void noteRelease(std::uint32_t scanCode);
 
  private:
   struct HeldKey {
@@ -47,19 +40,16 @@ class KeyboardHold {
     double timestamp = 0;  ///< seconds
   };
 
-  [[nodiscard]] std::vector<int> hardwareKeyboards() const;
-  void takePendingKeys();
+  [[nodiscard]] std::deque<HeldKey> takeHeldKeys();
   void typeHeldKeys();
   void post(const PostedKeys::Key& key);
 
   XDisplay display_;
   PostedKeys& posted_;
   int inputOpcode_ = 0;
-  bool isFrozen_ = false;
-  std::vector<int> grabbedKeyboards_;
-  std::deque<HeldKey> held_;
-  /// Keys taken out of the frozen queue, whose events still reach those who watch.
-  std::deque<HeldKey> announced_;
+  int depth_ = 0;
+  std::vector<int> keyboards_;         ///< device ids
+  std::set<std::uint32_t> stillDown_;  ///< given back, and not released by the participant yet
 };
 
 }  // namespace mirvane

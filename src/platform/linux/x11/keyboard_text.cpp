@@ -37,9 +37,8 @@ KeyboardText::KeyboardText(_XDisplay* display)
       context_(xkb_context_new(XKB_CONTEXT_NO_FLAGS)),
       compose_(makeComposeState()) {
   xkb_x11_setup_xkb_extension(XGetXCBConnection(display_), XKB_X11_MIN_MAJOR_XKB_VERSION,
-                              XKB_X11_MIN_MINOR_XKB_VERSION,
-                              XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr,
-                              nullptr);
+                              XKB_X11_MIN_MINOR_XKB_VERSION, XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS,
+                              nullptr, nullptr, nullptr, nullptr);
   reloadIfStale();
 }
 
@@ -71,10 +70,9 @@ void KeyboardText::update(std::uint32_t baseMods, std::uint32_t latchedMods,
                           std::uint32_t lockedMods, int baseGroup, int latchedGroup,
                           int lockedGroup) {
   if (!state_) return;
-  xkb_state_update_mask(state_.get(), baseMods, latchedMods, lockedMods,
-                        static_cast<xkb_layout_index_t>(baseGroup),
-                        static_cast<xkb_layout_index_t>(latchedGroup),
-                        static_cast<xkb_layout_index_t>(lockedGroup));
+  xkb_state_update_mask(
+      state_.get(), baseMods, latchedMods, lockedMods, static_cast<xkb_layout_index_t>(baseGroup),
+      static_cast<xkb_layout_index_t>(latchedGroup), static_cast<xkb_layout_index_t>(lockedGroup));
 }
 
 std::optional<std::string> KeyboardText::press(std::uint32_t scanCode) {

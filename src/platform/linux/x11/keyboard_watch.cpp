@@ -24,13 +24,8 @@ double KeyboardWatch::serverMilliseconds() {
   return std::fmod(std::chrono::duration<double, std::milli>(uptime).count(), wrapsAt);
 }
 
-KeyboardWatch::KeyboardWatch(_XDisplay* display, PostedKeys& posted, IsWithheld isWithheld,
-                             Sink sink)
-    : display_(display),
-      posted_(posted),
-      isWithheld_(std::move(isWithheld)),
-      sink_(std::move(sink)),
-      text_(display) {
+KeyboardWatch::KeyboardWatch(_XDisplay* display, PostedKeys& posted, Callbacks callbacks)
+    : display_(display), posted_(posted), callbacks_(std::move(callbacks)), text_(display) {
   int event = 0, error = 0, opcode = 0, major = XkbMajorVersion, minor = XkbMinorVersion;
   XQueryExtension(display, "XInputExtension", &inputOpcode_, &event, &error);
   XkbQueryExtension(display, &opcode, &xkbEventBase_, &error, &major, &minor);
@@ -97,12 +92,13 @@ bool KeyboardWatch::handle(_XEvent& event) {
     case XI_RawKeyPress:
     case XI_RawKeyRelease: {
       const auto& raw = *static_cast<const XIRawEvent*>(event.xcookie.data);
-      handleRaw(raw.sourceid, static_cast<std::uint32_t>(raw.detail),
-                raw.evtype == XI_RawKeyPress, static_cast<double>(raw.time));
+      handleRaw(raw.sourceid, static_cast<std::uint32_t>(raw.detail), raw.evtype == XI_RawKeyPress,
+                static_cast<double>(raw.time));
       break;
     }
     case XI_HierarchyChanged:
       reloadKeyboards();
+      callbacks_.onKeyboardsChanged();
       break;
     default:
       isOurs = false;
@@ -141,12 +137,13 @@ bool KeyboardWatch::handleXkb(const _XEvent& event) {
 
 void KeyboardWatch::handleRaw(int device, std::uint32_t scanCode, bool isDown,
                               double milliseconds) {
-  if (isWithheld_(scanCode, isDown)) return;
   if (syntheticKeyboards_.count(device) > 0) {
     if (const auto own = posted_.take(scanCode, isDown)) {
       handlePosted(*own);
       return;
     }
+  } else if (!isDown) {
+    callbacks_.onHardwareRelease(scanCode);
   }
   handleHardware(scanCode, isDown, milliseconds);
 }
@@ -157,8 +154,8 @@ void KeyboardWatch::handlePosted(const PostedKeys::Key& key) {
     handleHardware(key.scanCode, key.isDown, key.timestamp * millisecondsPerSecond);
     return;
   }
-  sink_({key.scanCode, key.isDown, true, key.userData, std::nullopt, text_.modifierFlags(),
-         serverMilliseconds() / millisecondsPerSecond});
+  callbacks_.onKey({key.scanCode, key.isDown, true, key.userData, std::nullopt,
+                    text_.modifierFlags(), serverMilliseconds() / millisecondsPerSecond});
 }
 
 void KeyboardWatch::handleHardware(std::uint32_t scanCode, bool isDown, double milliseconds) {
@@ -187,8 +184,8 @@ void KeyboardWatch::reportDueRepeats(double now) {
 
 void KeyboardWatch::report(std::uint32_t scanCode, bool isDown, double milliseconds,
                            std::optional<std::string> text) {
-  sink_({scanCode, isDown, false, 0, std::move(text), text_.modifierFlags(),
-         milliseconds / millisecondsPerSecond});
+  callbacks_.onKey({scanCode, isDown, false, 0, std::move(text), text_.modifierFlags(),
+                    milliseconds / millisecondsPerSecond});
 }
 
 }  // namespace mirvane

@@ -30,12 +30,15 @@ struct WatchedKey {
 /// presses that the desktop's key filters swallow left out.
 class KeyboardWatch {
  public:
-  using Sink = std::function<void(const WatchedKey&)>;
-  /// Whether a key is kept for later; it is reported when it comes back.
-  using IsWithheld = std::function<bool(std::uint32_t scanCode, bool isDown)>;
+  struct Callbacks {
+    std::function<void(const WatchedKey&)> onKey;
+    /// A key of the hardware came up, whether or not that is typing.
+    std::function<void(std::uint32_t scanCode)> onHardwareRelease;
+    std::function<void()> onKeyboardsChanged;
+  };
 
   /// `display` and `posted` outlive this object; events of the display go through `handle`.
-  KeyboardWatch(_XDisplay* display, PostedKeys& posted, IsWithheld isWithheld, Sink sink);
+  KeyboardWatch(_XDisplay* display, PostedKeys& posted, Callbacks callbacks);
 
   /// Takes an event of the display; false when it is none of the keyboard's.
   bool handle(_XEvent& event);
@@ -65,8 +68,7 @@ class KeyboardWatch {
 
   _XDisplay* display_;
   PostedKeys& posted_;
-  IsWithheld isWithheld_;
-  Sink sink_;
+  Callbacks callbacks_;
   int inputOpcode_ = 0;
   int xkbEventBase_ = 0;
   std::set<int> syntheticKeyboards_;  ///< XTEST keyboards, by device id
