@@ -7,8 +7,8 @@ import time
 
 from Xlib import X, display
 
-from program import wait_for
-from study import BUILD, Study, set_accessibility
+from program import BUILD, wait_for
+from study import Study, set_accessibility
 
 DEEP = (20, 48, 133)
 TEXT = ("the quick brown fox jumps over the lazy dog she sells sea shells by the sea shore "

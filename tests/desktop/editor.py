@@ -8,7 +8,10 @@ import time
 from gi.repository import GLib
 
 from keyboard import CONTROL
-from program import Program, await_text, text_of, wait_for
+from program import BUILD, Program, await_text, text_of, wait_for
+
+
+FOLDER = os.path.dirname(os.path.abspath(__file__))
 
 
 class Editor(Program):
@@ -117,6 +120,39 @@ class GnomeTextEditor(Editor):
 class Kate(Editor):
     command = ("kate", "--startanon", "--new")
     unit = "utf-16-le"
+
+
+class GtkField(Editor):
+    """One line; its window closes without a question."""
+
+    command = ("/usr/bin/python3", os.path.join(FOLDER, "gtk_field.py"), "text")
+
+
+class GtkPassword(GtkField):
+    command = (*GtkField.command[:-1], "password")
+
+
+class QtField(Editor):
+    command = (os.path.join(BUILD, "qt-field"), "text")
+    unit = "utf-16-le"
+
+
+class QtPassword(QtField):
+    command = (*QtField.command[:-1], "password")
+
+
+class Terminal(Editor):
+    """Whose text goes to a file. It is not on the accessibility bus."""
+
+    command = ("xterm", "-e", "sh", "-c", 'cat > "$0"')
+
+    def await_ready(self):
+        self.activate()
+        return self
+
+    def text(self):
+        with open(self.path, encoding="utf-8") as file:
+            return file.read()
 
 
 class WebPage(Editor):

@@ -12,6 +12,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 from windows import Windows  # noqa: E402
 
+BUILD = os.environ["MIRVANE_PROGRAMS"]
 PATIENCE = 10  # seconds until something awaited counts as missing
 ANSWER = 2000  # ms that a program may take for one answer
 
@@ -102,6 +103,17 @@ class Program:
         window = self.window()
         self.windows.activate(window)
         wait_for(lambda: self.windows.active() == window, "the window in front")
+
+    def request_activation(self):
+        self.windows.activate(self.window())
+
+    def close_window(self):
+        self.windows.close(self.window())
+
+    def answer(self):
+        """Asks the program for something that it has to look up itself."""
+        self._tree.clear_cache()
+        return self._tree.get_child_count()
 
     def await_tree(self):
         self._tree = wait_for(self._find_tree, "the program on the accessibility bus")

@@ -6,9 +6,8 @@ import time
 from gi.repository import Atspi, Gio, GLib
 
 from keyboard import Keyboard
-from program import NotShown, Program, await_text, has_state, text_of, wait_for
+from program import BUILD, NotShown, Program, await_text, has_state, text_of, wait_for
 
-BUILD = os.environ["MIRVANE_PROGRAMS"]
 
 
 def set_accessibility(is_enabled):

@@ -6,7 +6,8 @@ import subprocess
 import tempfile
 import unittest
 
-from study import BUILD, Study, set_accessibility
+from program import BUILD
+from study import Study, set_accessibility
 
 
 def record(folder, session, seed, *options):
