@@ -98,7 +98,7 @@ class OtherApplications::Implementation {
                     thread_.post([this, window] { handleActivation(window); });
                   }});
     if (input_ == nullptr) return false;
-    writer_.emplace(*input_, *typist_);
+    writer_.emplace(thread_, *input_, *typist_);
     thread_.post([this] { watch_.start(); });
     return true;
   }

@@ -97,6 +97,11 @@ void KeyboardHold::typeHeldKeys() {
   XFlush(display_.get());
 }
 
+void KeyboardHold::endRepeat(std::uint32_t scanCode) {
+  post({scanCode, false, PostedKeys::Origin::silent, 0});
+  XFlush(display_.get());
+}
+
 void KeyboardHold::noteRelease(std::uint32_t scanCode) {
   // The server takes a key to be down while one of its keyboards says so.
   if (stillDown_.erase(scanCode) == 0) return;
