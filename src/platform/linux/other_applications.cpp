@@ -110,6 +110,8 @@ class OtherApplications::Implementation {
 
   void setActivationHandler(std::function<void()> handler) { onActivation_ = std::move(handler); }
 
+  [[nodiscard]] bool isDelivering() const { return isInKey_; }
+
   [[nodiscard]] const std::optional<DesktopWindow>& frontmostWindow() const { return window_; }
 
   [[nodiscard]] std::shared_ptr<AccessibilityElement> focusedElement() {
@@ -262,6 +264,10 @@ void OtherApplications::setInputHandler(std::function<void(const InputEvent&)> h
 
 void OtherApplications::setActivationHandler(std::function<void()> handler) {
   implementation_->setActivationHandler(std::move(handler));
+}
+
+bool OtherApplications::isDelivering() const {
+  return implementation_->isDelivering();
 }
 
 const std::optional<DesktopWindow>& OtherApplications::frontmostWindow() const {

@@ -45,6 +45,8 @@ class KeyboardHold {
 
   [[nodiscard]] std::deque<HeldKey> takeHeldKeys();
   void typeHeldKeys();
+  void typeAtOnce(const std::deque<HeldKey>& keys);
+  void typeSlowly(const std::deque<HeldKey>& keys, double delay);
   void post(const PostedKeys::Key& key);
 
   XDisplay display_;
