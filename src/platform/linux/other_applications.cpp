@@ -98,7 +98,7 @@ class OtherApplications::Implementation {
                     thread_.post([this, window] { handleActivation(window); });
                   }});
     if (input_ == nullptr) return false;
-    writer_.emplace(*input_, *typist_);
+    writer_.emplace(thread_, *input_, *typist_);
     thread_.post([this] { watch_.start(); });
     return true;
   }
@@ -109,6 +109,8 @@ class OtherApplications::Implementation {
   }
 
   void setActivationHandler(std::function<void()> handler) { onActivation_ = std::move(handler); }
+
+  [[nodiscard]] bool isDelivering() const { return isInKey_; }
 
   [[nodiscard]] const std::optional<DesktopWindow>& frontmostWindow() const { return window_; }
 
@@ -262,6 +264,10 @@ void OtherApplications::setInputHandler(std::function<void(const InputEvent&)> h
 
 void OtherApplications::setActivationHandler(std::function<void()> handler) {
   implementation_->setActivationHandler(std::move(handler));
+}
+
+bool OtherApplications::isDelivering() const {
+  return implementation_->isDelivering();
 }
 
 const std::optional<DesktopWindow>& OtherApplications::frontmostWindow() const {

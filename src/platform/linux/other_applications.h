@@ -39,6 +39,10 @@ class OtherApplications {
   /// Called whenever another application becomes active.
   void setActivationHandler(std::function<void()> handler);
 
+  /// Whether handlers are at work on a key of another application: what they ask is about that
+  /// application, even if an own window has become active since.
+  [[nodiscard]] bool isDelivering() const;
+
   /// The application whose window is active; absent when none is. May be this one.
   [[nodiscard]] const std::optional<DesktopWindow>& frontmostWindow() const;
 

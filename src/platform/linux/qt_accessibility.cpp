@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "platform/linux/active_application.h"
 #include "platform/linux/qt_text_element.h"
 #include "platform/linux/trust_dialog.h"
 
@@ -16,9 +17,8 @@ void QtAccessibility::promptForTrust() {
 }
 
 std::shared_ptr<AccessibilityElement> QtAccessibility::focusedElement() const {
-  const bool isOwn = QGuiApplication::applicationState() == Qt::ApplicationActive;
-  if (isOwn || others_ == nullptr) return makeQtTextElement(QApplication::focusWidget());
-  return others_->focusedElement();
+  if (isOtherActive(others_)) return others_->focusedElement();
+  return makeQtTextElement(QApplication::focusWidget());
 }
 
 }  // namespace mirvane

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QWindow>
 
+#include "platform/linux/active_application.h"
 #include "platform/linux/key_identity.h"
 #include "platform/linux/synthesized_key_event.h"
 
@@ -38,17 +39,13 @@ class QtKeyEventSource : public KeyEventSource {
 }  // namespace
 
 bool QtKeyEventPoster::isSecureInputEnabled() const {
-  if (isOtherActive()) return others_->isSecureInputEnabled();
+  if (isOtherActive(others_)) return others_->isSecureInputEnabled();
   const auto* const line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
   return line != nullptr && line->echoMode() != QLineEdit::Normal;
 }
 
-bool QtKeyEventPoster::isOtherActive() const {
-  return others_ != nullptr && QGuiApplication::applicationState() != Qt::ApplicationActive;
-}
-
 std::unique_ptr<KeyEventSource> QtKeyEventPoster::createSource(std::string_view textBeforeCaret) {
-  if (isOtherActive()) return others_->createSource(textBeforeCaret);
+  if (isOtherActive(others_)) return others_->createSource(textBeforeCaret);
   return std::make_unique<QtKeyEventSource>(queue_);
 }
 

@@ -23,8 +23,6 @@ class QtKeyEventPoster : public KeyEventPoster {
       std::string_view textBeforeCaret) override;
 
  private:
-  [[nodiscard]] bool isOtherActive() const;
-
   QtTaskQueue& queue_;
   OtherApplications* others_;
 };

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/linux/active_application.h"
+
 namespace mirvane {
 namespace {
 
@@ -48,12 +50,13 @@ QtWorkspace::QtWorkspace(OtherApplications* others) : others_(others) {
 }
 
 std::optional<RunningApplication> QtWorkspace::frontmostApplication() const {
-  if (QGuiApplication::applicationState() == Qt::ApplicationActive) {
-    return RunningApplication{QGuiApplication::desktopFileName().toStdString()};
+  if (isOtherActive(others_)) {
+    const auto& window = others_->frontmostWindow();
+    if (!window) return std::nullopt;
+    return RunningApplication{window->identifier};
   }
-  const auto window = others_ != nullptr ? others_->frontmostWindow() : std::nullopt;
-  if (!window) return std::nullopt;
-  return RunningApplication{window->identifier};
+  if (QGuiApplication::applicationState() != Qt::ApplicationActive) return std::nullopt;
+  return RunningApplication{QGuiApplication::desktopFileName().toStdString()};
 }
 
 std::optional<MonitorHandle> QtWorkspace::addActivationObserver(std::function<void()> onActivated) {

@@ -7,9 +7,18 @@
 namespace mirvane {
 namespace {
 
-/// How long one question to an application may take, and how long the first one to an application
-/// that has just started.
-constexpr int longestCall = 100;  // ms
+/// How long one question to an application may take; whoever waits on the main thread gives up
+/// sooner.
+constexpr int longestCall = 200;  // ms
+
+gboolean runTask(gpointer task) {
+  (*static_cast<const std::function<void()>*>(task))();
+  return G_SOURCE_REMOVE;
+}
+
+void deleteTask(gpointer task) {
+  delete static_cast<const std::function<void()>*>(task);
+}
 
 gboolean stopWaiting(gpointer) {
   return G_SOURCE_REMOVE;
@@ -46,6 +55,13 @@ void AccessibilityThread::post(std::function<void()> task) {
     tasks_.push_back(std::move(task));
   }
   wakeUp();
+}
+
+void AccessibilityThread::postLater(std::function<void()> task, std::chrono::milliseconds delay) {
+  GSource* const timer = g_timeout_source_new(static_cast<guint>(delay.count()));
+  g_source_set_callback(timer, runTask, new std::function<void()>(std::move(task)), deleteTask);
+  g_source_attach(timer, context_);
+  g_source_unref(timer);
 }
 
 void AccessibilityThread::call(std::function<void()> question) {

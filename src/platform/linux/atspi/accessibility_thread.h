@@ -32,6 +32,9 @@ class AccessibilityThread {
 
   void post(std::function<void()> task);
 
+  /// Runs `task` after `delay` or somewhat later, between other tasks.
+  void postLater(std::function<void()> task, std::chrono::milliseconds delay);
+
   /// The answer of `question`, run on the thread; absent when it does not come within
   /// `longestWait` of the caller. A late question may still be run: what it uses must not belong
   /// to the caller.

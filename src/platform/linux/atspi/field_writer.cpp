@@ -14,6 +14,9 @@ constexpr std::chrono::milliseconds longestTyping{150};
 constexpr std::chrono::milliseconds pollInterval{2};
 /// The caret stands behind the word and what ended it, not farther.
 constexpr std::int64_t longestTail = 8;
+/// An application that hangs in the middle of a replacement is waited for half a minute.
+constexpr std::chrono::milliseconds attemptInterval{250};
+constexpr int mostAttempts = 120;
 
 using Clock = std::chrono::steady_clock;
 
@@ -27,26 +30,69 @@ bool await(Condition condition, std::chrono::milliseconds longestWait) {
   return true;
 }
 
-bool awaitText(const TextField& field, const FieldWriter::Replacement& replacement) {
-  const auto start = replacement.range.start;
-  const TextField::Range range{start, start + field.lengthOf(replacement.text)};
-  const auto expected = text::toUtf16(replacement.text);
-  return await([&] { return field.text(range) == expected; }, longestTyping);
+using Replacement = FieldWriter::Replacement;
+
+/// Where the new text stands while the old one is still before it.
+TextField::Range insertedRange(const TextField& field, const Replacement& replacement) {
+  return {replacement.range.end, replacement.range.end + field.lengthOf(replacement.text)};
+}
+
+/// Where the new text stands in the end.
+TextField::Range replacedRange(const TextField& field, const Replacement& replacement) {
+  return {replacement.range.start, replacement.range.start + field.lengthOf(replacement.text)};
+}
+
+bool awaitText(const TextField& field, const Replacement& replacement) {
+  const auto range = replacedRange(field, replacement);
+  return await([&] { return field.holds(range, replacement.text).value_or(false); }, longestTyping);
 }
 
 }  // namespace
 
-bool FieldWriter::replace(const TextField& field, std::uint64_t window,
+bool FieldWriter::replace(const std::shared_ptr<TextField>& field, std::uint64_t window,
                           const Replacement& replacement) {
-  if (field.text(replacement.range) != replacement.replaced) return false;
-  if (field.replace(replacement.range, replacement.text)) return true;
-  if (!field.isFocused() || field.text(replacement.range) != replacement.replaced) return false;
+  if (field->text(replacement.range) != replacement.replaced) return false;
+  const auto outcome = replaceEditable(*field, replacement);
+  if (outcome == Outcome::unknown) finishLater(field, replacement, mostAttempts);
+  if (outcome != Outcome::unchanged) return outcome == Outcome::done;
+  if (!field->isFocused()) return false;
   bool isDone = false;
   input_.withKeysHeldBack([&] {
-    isDone =
-        replaceSelected(field, window, replacement) || replaceBackwards(field, window, replacement);
+    isDone = replaceSelected(*field, window, replacement) ||
+             replaceBackwards(*field, window, replacement);
   });
   return isDone;
+}
+
+FieldWriter::Outcome FieldWriter::replaceEditable(const TextField& field,
+                                                  const Replacement& replacement) {
+  if (!field.isEditable()) return Outcome::unchanged;
+  // First the new, behind the old: an application that ignores the one must not lose the other.
+  field.insert(replacement.range.end, replacement.text);
+  const auto isInserted = field.holds(insertedRange(field, replacement), replacement.text);
+  if (!isInserted) return Outcome::unknown;
+  if (!*isInserted) return Outcome::unchanged;
+  field.remove(replacement.range);
+  const auto isDone = field.holds(replacedRange(field, replacement), replacement.text);
+  return isDone.value_or(false) ? Outcome::done : Outcome::unknown;
+}
+
+/// The application hung in the middle: once it answers, either nothing has reached it or the old
+/// text still has to go.
+void FieldWriter::finishLater(const std::shared_ptr<TextField>& field,
+                              const Replacement& replacement, int attemptsLeft) {
+  if (attemptsLeft == 0) return;
+  thread_.postLater(
+      [this, field, replacement, attemptsLeft] {
+        const auto old = field->text(replacement.range);
+        const auto isInserted = field->holds(insertedRange(*field, replacement), replacement.text);
+        if (!old || !isInserted) {
+          finishLater(field, replacement, attemptsLeft - 1);
+        } else if (*isInserted && old == replacement.replaced) {
+          field->remove(replacement.range);
+        }
+      },
+      attemptInterval);
 }
 
 bool FieldWriter::replaceSelected(const TextField& field, std::uint64_t window,

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
+#include "platform/linux/atspi/accessibility_thread.h"
 #include "platform/linux/atspi/text_field.h"
 #include "platform/linux/x11/desktop_input.h"
 #include "platform/linux/x11/key_typist.h"
@@ -14,7 +16,8 @@ namespace mirvane {
 /// alone.
 class FieldWriter {
  public:
-  FieldWriter(DesktopInput& input, KeyTypist& typist) : input_(input), typist_(typist) {}
+  FieldWriter(AccessibilityThread& thread, DesktopInput& input, KeyTypist& typist)
+      : thread_(thread), input_(input), typist_(typist) {}
 
   struct Replacement {
     TextField::Range range;
@@ -24,18 +27,25 @@ class FieldWriter {
 
   /// `window` is the one that must have the focus for keys to be typed. False when the field holds
   /// its old text afterwards, or does not tell.
-  bool replace(const TextField& field, std::uint64_t window, const Replacement& replacement);
+  bool replace(const std::shared_ptr<TextField>& field, std::uint64_t window,
+               const Replacement& replacement);
 
   /// Types Backspaces and `text` into the window, and keeps the participant's keys behind them.
   bool type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
             std::int64_t userData);
 
  private:
+  enum class Outcome { done, unchanged, unknown };
+
+  Outcome replaceEditable(const TextField& field, const Replacement& replacement);
+  void finishLater(const std::shared_ptr<TextField>& field, const Replacement& replacement,
+                   int attemptsLeft);
   bool replaceSelected(const TextField& field, std::uint64_t window,
                        const Replacement& replacement);
   bool replaceBackwards(const TextField& field, std::uint64_t window,
                         const Replacement& replacement);
 
+  AccessibilityThread& thread_;
   DesktopInput& input_;
   KeyTypist& typist_;
 };

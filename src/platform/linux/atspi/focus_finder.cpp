@@ -14,7 +14,7 @@ using Accessible = GObjectPointer<AtspiAccessible>;
 constexpr int mostElements = 2000;
 constexpr std::chrono::milliseconds longestSearch{150};
 
-constexpr std::chrono::milliseconds slowAnswer{80};
+constexpr std::chrono::milliseconds slowAnswer{180};
 constexpr std::chrono::milliseconds pauseLength{300};
 
 bool hasState(AtspiAccessible* accessible, AtspiStateType state) {

@@ -8,7 +8,7 @@
 namespace mirvane {
 namespace {
 
-constexpr std::chrono::milliseconds longestEffect{100};
+constexpr std::chrono::milliseconds longestEffect{150};
 /// An application that shows no effect of so many keys is not waited for until it shows one.
 constexpr int patience = 2;
 

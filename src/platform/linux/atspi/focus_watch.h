@@ -33,8 +33,8 @@ class FocusWatch {
   void start();
   void stop();
 
-  /// Waits until the application has done what a key does that types `text`, no longer than a
-  /// tenth of a second, and looks at the result. A key without text is not waited for.
+  /// Waits until the application has done what a key does that types `text`, for 150 ms at
+  /// most, and looks at the result. A key without text is not waited for.
   [[nodiscard]] KeyContext contextOfKey(int processId, const std::optional<std::string>& text,
                                         Clock::time_point pressedAt);
 

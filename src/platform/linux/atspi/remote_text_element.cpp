@@ -74,7 +74,7 @@ void RemoteTextElement::setSelectedText(std::string_view text) {
   isStale_ = true;
   (void)services_.link.ask<bool>(
       [field = field_, window = window_, replacement, &writer = services_.writer] {
-        return writer.replace(*field, window, replacement);
+        return writer.replace(field, window, replacement);
       });
 }
 

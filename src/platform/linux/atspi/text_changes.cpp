@@ -10,8 +10,9 @@ constexpr std::size_t mostChanges = 64;
 
 bool isEffectOf(const TextChanges::Change& change, std::string_view typed) {
   if (typed == "\x7F") return !change.isInsertion;
-  const std::string_view expected = typed == "\r" ? "\n" : typed;
-  return change.isInsertion && change.text.find(expected) != std::string::npos;
+  // An editor may indent the new line as well.
+  if (typed == "\r") return change.isInsertion && change.text.starts_with('\n');
+  return change.isInsertion && change.text == typed;
 }
 
 }  // namespace

@@ -23,11 +23,12 @@ class TextChanges {
   /// Keeps a bounded number: nobody may ask for them.
   void add(Change change);
 
-  /// Whether the application has announced what a key that types `text` does: an insertion that
-  /// holds the text, or for U+007F a deletion. Forgets that change and all before it.
+  /// Whether the application has announced what a key that types `text` does: an insertion of just
+  /// that text (a longer one has another cause), or for U+007F a deletion. Forgets that change and
+  /// all before it.
   [[nodiscard]] bool takeChangeOf(Application application, std::string_view text);
 
-  /// Forgets all: what comes from now on has another cause than the keys so far.
+  /// Forgets all.
   void clear() { changes_.clear(); }
 
  private:

@@ -94,27 +94,26 @@ std::int64_t TextField::lengthOf(std::string_view text) const {
   return unit_ == TextUnit::utf16 ? text::utf16Length(text) : codePoints(text);
 }
 
-bool TextField::holds(Range range, std::string_view expected) const {
+std::optional<bool> TextField::holds(Range range, std::string_view expected) const {
   const auto found = text(range);
-  return found && text::toUtf8(*found) == expected;
+  if (!found) return std::nullopt;
+  return text::toUtf8(*found) == expected;
 }
 
-bool TextField::replace(Range range, std::string_view text) const {
-  if (editableText_ == nullptr || !hasText()) return false;
+void TextField::insert(std::int64_t offset, std::string_view text) const {
+  if (editableText_ == nullptr || text.empty()) return;
   // The interface asks for the length of the text to insert; toolkits read it in units of their
   // own: bytes in GTK, their characters in Qt.
   const auto length =
       unit_ == TextUnit::utf16 ? text::utf16Length(text) : static_cast<std::int64_t>(text.size());
-  // First the new, behind the old: an application that ignores the one must not lose the other.
-  const auto end = static_cast<gint>(range.end);
-  if (!text.empty()) {
-    atspi_editable_text_insert_text(editableText_.get(), end, std::string(text).c_str(),
-                                    static_cast<gint>(length), nullptr);
-    if (!holds({range.end, range.end + lengthOf(text)}, text)) return false;
-  }
-  atspi_editable_text_delete_text(editableText_.get(), static_cast<gint>(range.start), end,
-                                  nullptr);
-  return holds({range.start, range.start + lengthOf(text)}, text);
+  atspi_editable_text_insert_text(editableText_.get(), static_cast<gint>(offset),
+                                  std::string(text).c_str(), static_cast<gint>(length), nullptr);
+}
+
+void TextField::remove(Range range) const {
+  if (editableText_ == nullptr) return;
+  atspi_editable_text_delete_text(editableText_.get(), static_cast<gint>(range.start),
+                                  static_cast<gint>(range.end), nullptr);
 }
 
 bool TextField::select(Range range) const {

@@ -35,6 +35,9 @@ class TextField {
   /// Whether its text may be read, should the application answer.
   [[nodiscard]] bool hasText() const { return text_ != nullptr && !isPassword(); }
 
+  /// Whether it claims to take editable text.
+  [[nodiscard]] bool isEditable() const { return editableText_ != nullptr && hasText(); }
+
   /// The same for all elements of one application while it runs.
   [[nodiscard]] const void* application() const;
 
@@ -44,8 +47,12 @@ class TextField {
 
   [[nodiscard]] std::optional<std::u16string> text(Range range) const;
 
-  /// Replaces the text of the range; true when the application was then seen to hold the new text.
-  bool replace(Range range, std::string_view text) const;
+  /// Whether the application holds this text there; absent when it does not answer.
+  [[nodiscard]] std::optional<bool> holds(Range range, std::string_view text) const;
+
+  /// Writes as editable text. Applications may ignore this, or do it late.
+  void insert(std::int64_t offset, std::string_view text) const;
+  void remove(Range range) const;
 
   bool select(Range range) const;
   [[nodiscard]] bool isSelected(Range range) const;
@@ -57,7 +64,6 @@ class TextField {
 
  private:
   [[nodiscard]] std::optional<Range> selection() const;
-  [[nodiscard]] bool holds(Range range, std::string_view text) const;
 
   GObjectPointer<AtspiAccessible> accessible_;
   GObjectPointer<AtspiText> text_;

@@ -11,6 +11,13 @@ void AutoRepeat::release(std::uint32_t scanCode) {
   if (next_ && next_->scanCode == scanCode) next_.reset();
 }
 
+std::optional<std::uint32_t> AutoRepeat::stop() {
+  if (!next_) return std::nullopt;
+  const auto scanCode = next_->scanCode;
+  next_.reset();
+  return scanCode;
+}
+
 std::optional<double> AutoRepeat::dueTime() const {
   if (!next_) return std::nullopt;
   return next_->time;

@@ -27,8 +27,8 @@ class AutoRepeat {
   void press(std::uint32_t scanCode, double time);
   void release(std::uint32_t scanCode);
 
-  /// Ends what repeats: the key's window has lost the focus.
-  void stop() { next_.reset(); }
+  /// Ends what repeats and answers which key that was: its window has lost the focus, say.
+  std::optional<std::uint32_t> stop();
 
   /// When the next repeat is due.
   [[nodiscard]] std::optional<double> dueTime() const;

@@ -87,6 +87,11 @@ class DesktopInput::Thread {
 
   KeyboardHold& hold() { return hold_; }
 
+  void holdBackForTyping() {
+    hold_.holdBack();
+    if (const auto repeating = watch_.stopRepeating()) hold_.endRepeat(*repeating);
+  }
+
   void endHold() {
     if (holdingSince_) hold_.giveBack();
     holdingSince_.reset();
@@ -234,7 +239,7 @@ void DesktopInput::giveBack() {
 }
 
 void DesktopInput::withKeysHeldBack(const std::function<void()>& type) {
-  thread_->runAndWait([this] { thread_->hold().holdBack(); });
+  thread_->runAndWait([this] { thread_->holdBackForTyping(); });
   type();
   thread_->runAndWait([this] { thread_->hold().giveBack(); });
 }

@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "platform/linux/x11/desktop_window.h"
+#include "platform/linux/x11/key_controls.h"
 #include "text/scalars.h"
 
 namespace mirvane {
@@ -18,9 +19,6 @@ namespace {
 
 constexpr unsigned long backspace = 0xFF08;
 constexpr unsigned long returnSymbol = 0xFF0D;
-/// Slow Keys counts from the arrival of the press.
-constexpr unsigned slowKeysMargin = 30;  // ms
-
 unsigned long symbolFor(char32_t scalar) {
   if (scalar == U'\n' || scalar == U'\r') return returnSymbol;
   return xkb_utf32_to_keysym(scalar);
@@ -71,8 +69,9 @@ bool KeyTypist::isFocused(std::uint64_t window) const {
 bool KeyTypist::type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
                      std::int64_t userData) {
   const auto keys = keysFor(symbolsOf(deleteCount, text));
-  const unsigned hold = slowKeysDelay();
-  return hold == 0 ? typeAtOnce(window, keys, userData) : typeSlowly(window, keys, userData, hold);
+  const auto controls = readKeyControls(display_.get());
+  if (!controls.isSlowKeysOn) return typeAtOnce(window, keys, userData);
+  return typeSlowly(window, keys, userData, controls.slowKeysDelay + slowKeysMargin);
 }
 
 bool KeyTypist::typeAtOnce(std::uint64_t window, const std::vector<std::uint32_t>& keys,
@@ -91,12 +90,12 @@ bool KeyTypist::typeAtOnce(std::uint64_t window, const std::vector<std::uint32_t
 }
 
 bool KeyTypist::typeSlowly(std::uint64_t window, const std::vector<std::uint32_t>& keys,
-                           std::int64_t userData, unsigned holdMilliseconds) {
+                           std::int64_t userData, double holdMilliseconds) {
   for (const auto key : keys) {
     if (!isFocused(window)) return false;
     post(key, true, userData);
     XSync(display_.get(), False);
-    std::this_thread::sleep_for(std::chrono::milliseconds(holdMilliseconds));
+    std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(holdMilliseconds));
     post(key, false, userData);
     XSync(display_.get(), False);
   }
@@ -154,19 +153,6 @@ void KeyTypist::bind(Binding& binding, unsigned long symbol) {
 void KeyTypist::post(std::uint32_t scanCode, bool isDown, std::int64_t userData) {
   posted_.expect({scanCode, isDown, PostedKeys::Origin::own, 0, userData});
   XTestFakeKeyEvent(display_.get(), scanCode, isDown ? True : False, CurrentTime);
-}
-
-unsigned KeyTypist::slowKeysDelay() const {
-  XkbDescPtr const keyboard = XkbAllocKeyboard();
-  if (keyboard == nullptr) return 0;
-  unsigned delay = 0;
-  if (XkbGetControls(display_.get(), XkbControlsEnabledMask | XkbSlowKeysMask, keyboard) ==
-          Success &&
-      (keyboard->ctrls->enabled_ctrls & XkbSlowKeysMask) != 0) {
-    delay = keyboard->ctrls->slow_keys_delay + slowKeysMargin;
-  }
-  XkbFreeKeyboard(keyboard, XkbAllComponentsMask, True);
-  return delay;
 }
 
 }  // namespace mirvane

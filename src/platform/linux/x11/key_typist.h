@@ -45,9 +45,8 @@ class KeyTypist {
   bool typeAtOnce(std::uint64_t window, const std::vector<std::uint32_t>& keys,
                   std::int64_t userData);
   bool typeSlowly(std::uint64_t window, const std::vector<std::uint32_t>& keys,
-                  std::int64_t userData, unsigned holdMilliseconds);
+                  std::int64_t userData, double holdMilliseconds);
   void post(std::uint32_t scanCode, bool isDown, std::int64_t userData);
-  [[nodiscard]] unsigned slowKeysDelay() const;
 
   XDisplay display_;
   PostedKeys& posted_;

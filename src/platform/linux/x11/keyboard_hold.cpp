@@ -6,8 +6,11 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <string_view>
+#include <thread>
 
+#include "platform/linux/x11/key_controls.h"
 #include "platform/linux/x11/keyboard_watch.h"
 
 namespace mirvane {
@@ -86,7 +89,18 @@ std::deque<KeyboardHold::HeldKey> KeyboardHold::takeHeldKeys() {
 }
 
 void KeyboardHold::typeHeldKeys() {
-  for (const auto& key : takeHeldKeys()) {
+  const auto keys = takeHeldKeys();
+  if (keys.empty()) return;
+  const auto controls = readKeyControls(display_.get());
+  if (controls.isSlowKeysOn) {
+    typeSlowly(keys, controls.slowKeysDelay);
+  } else {
+    typeAtOnce(keys);
+  }
+}
+
+void KeyboardHold::typeAtOnce(const std::deque<HeldKey>& keys) {
+  for (const auto& key : keys) {
     post({key.scanCode, key.isDown, PostedKeys::Origin::user, key.timestamp});
     if (key.isDown) {
       stillDown_.insert(key.scanCode);
@@ -94,6 +108,29 @@ void KeyboardHold::typeHeldKeys() {
       stillDown_.erase(key.scanCode);
     }
   }
+  XFlush(display_.get());
+}
+
+/// Slow Keys has not seen the keys: those held long enough for it are typed as slowly again.
+void KeyboardHold::typeSlowly(const std::deque<HeldKey>& keys, double delay) {
+  for (auto key = keys.begin(); key != keys.end(); ++key) {
+    if (!key->isDown) continue;
+    const auto release = std::find_if(key, keys.end(), [&](const HeldKey& later) {
+      return later.scanCode == key->scanCode && !later.isDown;
+    });
+    const bool isShort = release != keys.end() &&
+                         (release->timestamp - key->timestamp) * millisecondsPerSecond < delay;
+    if (isShort) continue;
+    post({key->scanCode, true, PostedKeys::Origin::user, key->timestamp});
+    XSync(display_.get(), False);
+    std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(delay + slowKeysMargin));
+    post({key->scanCode, false, PostedKeys::Origin::user, key->timestamp});
+  }
+  XFlush(display_.get());
+}
+
+void KeyboardHold::endRepeat(std::uint32_t scanCode) {
+  post({scanCode, false, PostedKeys::Origin::silent, 0});
   XFlush(display_.get());
 }
 

@@ -30,6 +30,9 @@ class KeyboardHold {
   void holdBack();
   void giveBack();
 
+  /// Ends the automatic repeat of a key that is down: the X server goes on with it meanwhile.
+  void endRepeat(std::uint32_t scanCode);
+
   /// The hardware has released a key, which may still be down for XTEST.
   void noteRelease(std::uint32_t scanCode);
 
@@ -42,6 +45,8 @@ class KeyboardHold {
 
   [[nodiscard]] std::deque<HeldKey> takeHeldKeys();
   void typeHeldKeys();
+  void typeAtOnce(const std::deque<HeldKey>& keys);
+  void typeSlowly(const std::deque<HeldKey>& keys, double delay);
   void post(const PostedKeys::Key& key);
 
   XDisplay display_;

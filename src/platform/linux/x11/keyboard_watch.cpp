@@ -9,7 +9,9 @@
 #include <chrono>
 #include <cmath>
 #include <string_view>
-#include <vector>
+#include <utility>
+
+#include "platform/linux/x11/key_controls.h"
 
 namespace mirvane {
 namespace {
@@ -52,23 +54,12 @@ void KeyboardWatch::selectEvents() {
 }
 
 void KeyboardWatch::reloadControls() {
-  XkbDescPtr const keyboard = XkbAllocKeyboard();
-  if (keyboard == nullptr) return;
-  if (XkbGetControls(display_, XkbAllControlsMask, keyboard) == Success) {
-    const auto& controls = *keyboard->ctrls;
-    const auto isOn = [&](unsigned mask) { return (controls.enabled_ctrls & mask) != 0; };
-    std::vector<unsigned char> repeats(std::begin(controls.per_key_repeat),
-                                       std::end(controls.per_key_repeat));
-    if (!isOn(XkbRepeatKeysMask)) repeats.assign(repeats.size(), 0);
-    repeat_.setSettings({static_cast<double>(controls.repeat_delay),
-                         std::max<double>(controls.repeat_interval, 1.0),
-                         [repeats = std::move(repeats)](std::uint32_t scanCode) {
-                           return (repeats.at(scanCode / 8) & (1U << (scanCode % 8))) != 0;
-                         }});
-    filters_.setSettings({isOn(XkbSlowKeysMask), isOn(XkbBounceKeysMask),
-                          static_cast<double>(controls.debounce_delay)});
-  }
-  XkbFreeKeyboard(keyboard, XkbAllComponentsMask, True);
+  auto controls = readKeyControls(display_);
+  filters_.setSettings({controls.isSlowKeysOn, controls.isBounceKeysOn, controls.bounceDelay});
+  const double delay = controls.repeatDelay, interval = controls.repeatInterval;
+  repeat_.setSettings({delay, interval, [controls = std::move(controls)](std::uint32_t scanCode) {
+                         return controls.repeats(scanCode);
+                       }});
 }
 
 void KeyboardWatch::reloadKeyboards() {

@@ -48,7 +48,7 @@ class KeyboardWatch {
   void reportDueRepeats(double now);
 
   /// What is held down now no longer types where it did.
-  void stopRepeating() { repeat_.stop(); }
+  std::optional<std::uint32_t> stopRepeating() { return repeat_.stop(); }
 
   /// The X server's clock: the system's uptime in ms, in 32 bits.
   [[nodiscard]] static double serverMilliseconds();

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+struct _XDisplay;
+
+namespace mirvane {
+
+/// The desktop's keyboard settings as the X Keyboard Extension holds them. Times are ms.
+struct KeyControls {
+  bool isRepeatOn = false;
+  double repeatDelay = 0;
+  double repeatInterval = 1;
+  std::vector<unsigned char> repeatingKeys;  ///< a bit for each scan code
+
+  bool isSlowKeysOn = false;
+  double slowKeysDelay = 0;  ///< how long a key is down before it counts
+  bool isBounceKeysOn = false;
+  double bounceDelay = 0;  ///< after a release, during which the same key does not count
+
+  [[nodiscard]] bool repeats(std::uint32_t scanCode) const;
+};
+
+/// By how much longer than `slowKeysDelay` a posted key is kept down, ms: the server counts from
+/// the arrival of the press.
+inline constexpr double slowKeysMargin = 30;
+
+/// All off when the server does not tell.
+[[nodiscard]] KeyControls readKeyControls(_XDisplay* display);
+
+}  // namespace mirvane
