@@ -2,6 +2,7 @@
 
 import contextlib
 import os
+import subprocess
 import tempfile
 import time
 
@@ -17,6 +18,7 @@ FOLDER = os.path.dirname(os.path.abspath(__file__))
 class Editor(Program):
     """An editor with one document open, and a home of its own."""
 
+    complaints = subprocess.DEVNULL
     command = ()
     unit = "utf-32-le"  # of its offsets: characters or UTF-16 units
 

@@ -63,11 +63,13 @@ def text_of(element):
 
 
 class Program:
+    complaints = None  # where its standard error goes: here, when none is said
+
     def __init__(self, command, environment=None):
         Atspi.set_timeout(ANSWER, ANSWER)
         self.windows = Windows()
         self._process = subprocess.Popen(command, env={**os.environ, **(environment or {})},
-                                         stderr=subprocess.DEVNULL)
+                                         stderr=self.complaints)
         self._tree = None
 
     @property
