@@ -184,6 +184,9 @@ class OtherApplications::Implementation {
       window_ = window;
       if (!window.isOwn && onActivation_) onActivation_();
     }));
+    // The first look at an application takes longest: before its first key.
+    if (!window.isOwn && !window.isTerminal) (void)watch_.focusedField(window.processId);
+    isSecure_ = watch_.isSecure();
   }
 
   [[nodiscard]] bool mayStandBeforeCaret(int processId, const std::u16string& expected) {

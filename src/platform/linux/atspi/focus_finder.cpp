@@ -1,6 +1,7 @@
 #include "platform/linux/atspi/focus_finder.h"
 
 #include <chrono>
+#include <optional>
 #include <utility>
 
 namespace mirvane {
@@ -22,18 +23,19 @@ bool hasState(AtspiAccessible* accessible, AtspiStateType state) {
   return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
 }
 
-/// The focused element below `root`, by one question that only some toolkits answer.
-Accessible queryFocused(AtspiAccessible* root) {
+/// The focused element below `root`, by one question; null when there is none, absent when the
+/// toolkit does not answer such questions.
+std::optional<Accessible> queryFocused(AtspiAccessible* root) {
   const GObjectPointer<AtspiCollection> collection(atspi_accessible_get_collection_iface(root));
-  if (collection == nullptr) return nullptr;
+  if (collection == nullptr) return std::nullopt;
   GObjectPointer<AtspiStateSet> states(atspi_state_set_new(nullptr));
   atspi_state_set_add(states.get(), ATSPI_STATE_FOCUSED);
   const GObjectPointer<AtspiMatchRule> rule(atspi_match_rule_new(
-      states.get(), ATSPI_Collection_MATCH_ALL, nullptr, ATSPI_Collection_MATCH_ANY, nullptr,
-      ATSPI_Collection_MATCH_ANY, nullptr, ATSPI_Collection_MATCH_ANY, FALSE));
+      states.get(), ATSPI_Collection_MATCH_ALL, nullptr, ATSPI_Collection_MATCH_ALL, nullptr,
+      ATSPI_Collection_MATCH_ALL, nullptr, ATSPI_Collection_MATCH_ALL, FALSE));
   GArray* const matches = atspi_collection_get_matches(
       collection.get(), rule.get(), ATSPI_Collection_SORT_ORDER_CANONICAL, 1, TRUE, nullptr);
-  if (matches == nullptr) return nullptr;
+  if (matches == nullptr) return std::nullopt;
   Accessible found;
   for (guint i = 0; i < matches->len; ++i) {
     Accessible match(g_array_index(matches, AtspiAccessible*, i));
@@ -120,8 +122,8 @@ std::shared_ptr<TextField> FocusFinder::search(AtspiAccessible* application) {
     const Accessible window(atspi_accessible_get_child_at_index(application, i, nullptr));
     if (window == nullptr || !hasState(window.get(), ATSPI_STATE_ACTIVE)) continue;
     auto found = queryFocused(window.get());
-    if (found == nullptr) found = Walk().focusedBelow(window.get());
-    if (found != nullptr) return makeField(std::move(found));
+    if (!found) found = Walk().focusedBelow(window.get());
+    if (*found != nullptr) return makeField(std::move(*found));
   }
   return nullptr;
 }
