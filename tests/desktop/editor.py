@@ -22,14 +22,16 @@ class Editor(Program):
     command = ()
     unit = "utf-32-le"  # of its offsets: characters or UTF-16 units
 
-    def __init__(self, text="", environment=None):
+    environment = {}  # beside that of the desktop
+
+    def __init__(self, text=""):
         self.element = None
         self.home = tempfile.mkdtemp(prefix="editor", dir=os.environ["HOME"])
         self.path = os.path.join(self.home, "document.txt")
         self.write_file(self.path, text)
         super().__init__([*self.command, self.address_of_document()], {
             "HOME": self.home, "XDG_CONFIG_HOME": os.path.join(self.home, ".config"),
-            **(environment or {})})
+            **self.environment})
 
     def address_of_document(self):
         return self.path
@@ -95,8 +97,7 @@ class Mousepad(Editor):
 class UnseenMousepad(Mousepad):
     """Without accessibility: nobody can read or write its text from outside."""
 
-    def __init__(self):
-        super().__init__(environment={"NO_AT_BRIDGE": "1"})
+    environment = {"NO_AT_BRIDGE": "1"}
 
     def await_ready(self):
         self.activate()

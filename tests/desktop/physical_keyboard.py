@@ -1,5 +1,6 @@
 """The keyboard on the desk: a device of its own beside the XTEST keyboard, and what came from it."""
 
+import time
 import unicodedata
 
 from Xlib import X, display
@@ -23,12 +24,20 @@ class _FakeDeviceInput(rq.Request):
                          rq.Pad(23), rq.Card8("device"))
 
 
-def find_physical_keyboard(connection):
-    """The device number of the first keyboard that is not XTEST's."""
+def _find_keyboard(connection, is_xtest):
     connection.xinput_query_version()
     devices = connection.xinput_query_device(xinput.AllDevices).devices
     return next(device.deviceid for device in devices
-                if device.use == _SLAVE_KEYBOARD and "XTEST" not in device.name)
+                if device.use == _SLAVE_KEYBOARD and ("XTEST" in device.name) == is_xtest)
+
+
+def find_physical_keyboard(connection):
+    """The device number of the first keyboard that is not XTEST's."""
+    return _find_keyboard(connection, is_xtest=False)
+
+
+def find_xtest_keyboard(connection):
+    return _find_keyboard(connection, is_xtest=True)
 
 
 class PhysicalKeyboard(Keyboard):
@@ -64,6 +73,11 @@ class KeyWitness:
         events = [self._display.next_event() for _ in range(self._display.pending_events())]
         return [(event.evtype == xinput.RawKeyPress, event.data.detail, event.data.time / 1000)
                 for event in events if event.type == ge.GenericEventCode]
+
+    def is_quiet(self, seconds):
+        """Whether nothing more comes for so long."""
+        time.sleep(seconds)
+        return not self.take()
 
     def recording_of(self, played):
         """The events of what was played, each at the time the server gave it."""
