@@ -54,6 +54,12 @@ class Editor(Program):
     def text(self):
         return text_of(self.element)
 
+    def end(self, length):
+        """The last part of the text."""
+        field = self.element.get_text_iface()
+        count = field.get_character_count()
+        return field.get_text(max(0, count - length), count)
+
     def await_text(self, wanted):
         await_text(self.text, wanted, type(self).__name__)
 

@@ -24,8 +24,15 @@ class _FakeDeviceInput(rq.Request):
                          rq.Pad(23), rq.Card8("device"))
 
 
+def _use_extension(connection):
+    """In its version 2.2: before 2.1, raw events kept away from all others while one program had
+    the keyboard to itself."""
+    xinput.XIQueryVersion(display=connection.display, major_version=2, minor_version=2,
+                          opcode=connection.display.get_extension_major(xinput.extname))
+
+
 def _find_keyboard(connection, is_xtest):
-    connection.xinput_query_version()
+    _use_extension(connection)
     devices = connection.xinput_query_device(xinput.AllDevices).devices
     return next(device.deviceid for device in devices
                 if device.use == _SLAVE_KEYBOARD and ("XTEST" in device.name) == is_xtest)
