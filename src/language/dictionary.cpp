@@ -17,7 +17,7 @@ namespace {
 // A completion competes with the guesses for the few places a reader looks at.
 constexpr std::size_t completionCount = 1;
 constexpr GuessLimits guessLimits{
-    .words = 6, .window = 54, .highestCost = 390, .costliestSlips = 300};
+    .words = 6, .window = 54, .highestCost = 390, .costliestSlips = 280};
 
 bool isTypeable(char c) {
   return (c >= 'a' && c <= 'z') || c == '\'';
