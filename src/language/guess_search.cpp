@@ -87,16 +87,17 @@ class Search {
       if (limit < 0) continue;
       const char letter = path_[depth] = child.letter();
       typed_.fillRow(row, rows_[depth], rows_[depth > 0 ? depth - 1 : 0], letter, before);
-      if (const auto frequency = trie_.frequency(child)) take(frequency, depth + 1);
+      if (row[typed_.size()] <= limit) takeIfWord(child, depth + 1);
       if (child.childCount == 0) continue;
       forbidCostlyHalf(row, limit / 2);
       if (mayLeadToWord(child, depth + 1, limit)) visit(child, depth + 1);
     }
   }
 
-  void take(WordTrie::Frequency frequency, std::size_t length) {
+  void takeIfWord(const Node& node, std::size_t length) {
+    const WordTrie::Frequency frequency = trie_.frequency(node);
     const Cost slips = rows_[length][typed_.size()];
-    if (slips > nearest_->highestSlips(frequency)) return;
+    if (frequency == 0 || slips > nearest_->highestSlips(frequency)) return;
     std::string word(path_.data(), length);
     if (reading_ == Reading::backward) std::ranges::reverse(word);
     nearest_->take({std::move(word), slips + typing_cost::rarity(frequency)});
