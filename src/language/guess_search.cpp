@@ -149,8 +149,8 @@ class Search {
   // repeated ones, which may be there by a cheap slip.
   std::array<LetterSet, WordSet::longestWord + 1> toCome_{};
   std::array<LetterSet, WordSet::longestWord + 1> toComeInHalf_{};
-  std::array<TypedWord::Row, WordSet::longestWord + 1> rows_;
-  std::array<char, WordSet::longestWord> path_;
+  std::array<TypedWord::Row, WordSet::longestWord + 1> rows_{};
+  std::array<char, WordSet::longestWord> path_{};
 };
 
 // The lower its limit the quicker is a search, and most words are found within this one.
