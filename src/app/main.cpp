@@ -11,6 +11,17 @@
 
 namespace {
 
+/// The toolkit would run GLib's default main context, which is the accessibility thread's. So would
+/// a look borrowed from GTK.
+void keepOffGlib() {
+  qputenv("QT_NO_GLIB", "1");
+  const auto theme = qgetenv("QT_QPA_PLATFORMTHEME");
+  const bool isKde = qgetenv("XDG_CURRENT_DESKTOP").contains("KDE");
+  if (theme.startsWith("gtk") || (theme.isEmpty() && !isKde)) {
+    qputenv("QT_QPA_PLATFORMTHEME", "generic");
+  }
+}
+
 void setIdentity() {
   QApplication::setApplicationName(QStringLiteral("mirvanetest"));
   QApplication::setApplicationDisplayName(QStringLiteral("MirvaneTest"));
@@ -39,6 +50,7 @@ QIcon makeIcon() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  keepOffGlib();
   QApplication application(argc, argv);
   setIdentity();
   QApplication::setStyle(QStringLiteral("Fusion"));

@@ -13,14 +13,12 @@ struct Branch {
   std::string text;
   bool finished;
 
-  [[nodiscard]] WordTrie::Frequency promise() const {
-    return finished ? node->frequency : node->bestFrequency;
-  }
+  unsigned promise;  // the frequency of the word, or of the most frequent one in the branch
 };
 
 // For a heap with the most promising branch at its front.
 bool isBehind(const Branch& a, const Branch& b) {
-  return std::forward_as_tuple(a.promise(), b.text) < std::forward_as_tuple(b.promise(), a.text);
+  return std::forward_as_tuple(a.promise, b.text) < std::forward_as_tuple(b.promise, a.text);
 }
 
 class Search {
@@ -29,7 +27,7 @@ class Search {
 
   std::vector<std::string> run(const WordTrie::Node& start, std::string_view prefix,
                                std::size_t count) {
-    addChildren({&start, std::string(prefix), false});
+    addChildren({&start, std::string(prefix), false, start.bestFrequency});
     std::vector<std::string> words;
     while (!branches_.empty() && words.size() < count) {
       std::ranges::pop_heap(branches_, isBehind);
@@ -40,7 +38,8 @@ class Search {
         continue;
       }
       addChildren(branch);
-      if (branch.node->frequency != 0) add({branch.node, std::move(branch.text), true});
+      const auto frequency = trie_.frequency(*branch.node);
+      if (frequency != 0) add({branch.node, std::move(branch.text), true, frequency});
     }
     return words;
   }
@@ -48,7 +47,7 @@ class Search {
  private:
   void addChildren(const Branch& branch) {
     for (const WordTrie::Node& child : trie_.children(*branch.node)) {
-      add({&child, branch.text + child.letter, false});
+      add({&child, branch.text + child.letter(), false, child.bestFrequency});
     }
   }
 

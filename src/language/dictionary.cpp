@@ -16,7 +16,8 @@ namespace {
 
 // A completion competes with the guesses for the few places a reader looks at.
 constexpr std::size_t completionCount = 1;
-constexpr GuessLimits guessLimits{.words = 8, .window = 42, .highestCost = 330, .steps = 4000};
+constexpr GuessLimits guessLimits{
+    .words = 6, .window = 54, .highestCost = 390, .costliestSlips = 280};
 
 bool isTypeable(char c) {
   return (c >= 'a' && c <= 'z') || c == '\'';
@@ -39,11 +40,11 @@ Dictionary::Dictionary(const std::filesystem::path& path) : file_(DataFile::open
   PayloadReader payload(file_->payload());
   const auto accepted = WordSet::read(payload);
   const auto offered = WordTrie::read(payload);
-  auto ranked = RankedWords::read(payload);
-  if (!accepted || !offered || !ranked) return;
+  const auto offeredBackward = WordTrie::read(payload);
+  if (!accepted || !offered || !offeredBackward) return;
   accepted_ = *accepted;
   offered_ = *offered;
-  ranked_ = *std::move(ranked);
+  offeredBackward_ = *offeredBackward;
 }
 
 bool Dictionary::isCorrect(std::string_view word) const {
@@ -77,7 +78,7 @@ std::vector<std::string> Dictionary::guesses(std::string_view word) const {
   const std::string lower = asciiLowerCase(word);
   if (!isTypeable(lower)) return {};
   if (accepted_.contains(lower) || hasTooManyRepeats(lower)) return {};
-  const std::vector<Guess> nearest = nearestWords(offered_, ranked_, lower, guessLimits);
+  const std::vector<Guess> nearest = nearestWords(offered_, offeredBackward_, lower, guessLimits);
   return inCasePattern(worthOffering(lower, nearest), casePatternOf(word));
 }
 

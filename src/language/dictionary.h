@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "language/data_file.h"
-#include "language/ranked_words.h"
 #include "language/word_set.h"
 #include "language/word_trie.h"
 #include "platform/spell_checker.h"
@@ -18,7 +17,7 @@ namespace mirvane {
 /// Words with other characters than ASCII letters and the apostrophe are unknown.
 class Dictionary : public SpellChecker {
  public:
-  static constexpr DataFileKind fileKind{{'M', 'V', 'W', 'O', 'R', 'D', 'S', '\0'}, 1};
+  static constexpr DataFileKind fileKind{{'M', 'V', 'W', 'O', 'R', 'D', 'S', '\0'}, 2};
 
   /// A dictionary without words.
   Dictionary() = default;
@@ -35,7 +34,7 @@ class Dictionary : public SpellChecker {
   std::optional<DataFile> file_;
   WordSet accepted_;
   WordTrie offered_;
-  RankedWords ranked_;
+  WordTrie offeredBackward_;
 };
 
 }  // namespace mirvane

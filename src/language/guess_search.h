@@ -4,7 +4,6 @@
 #include <string_view>
 #include <vector>
 
-#include "language/ranked_words.h"
 #include "language/word_trie.h"
 
 namespace mirvane {
@@ -15,20 +14,22 @@ struct Guess {
   int cost;  // of the slips, in hundredths of an ordinary edit, and of the word's rarity
 };
 
-/// How far a search goes. Work is counted, not timed, so that answers repeat.
+/// How far a search goes.
 struct GuessLimits {
-  std::size_t words;  // at most so many guesses
-  int window;         // none that costs this much more than the best one
-  int highestCost;    // none beyond this cost
-  std::size_t steps;  // give up after so many looked-at states
+  std::size_t words;   // at most so many guesses
+  int window;          // none that costs this much more than the best one
+  int highestCost;     // none that costs more
+  int costliestSlips;  // none whose slips alone cost more
 };
 
-/// The words nearest to a lower-case word of letters and apostrophes, cheapest first. Near ones
-/// come from a best-first search over the trie (A*; Hart, Nilsson and Raphael 1968): a state says
-/// how much of the typed word is explained by how much of a listed word, and what it still costs is
-/// at least the rarity of the most frequent word in reach and the letters that no word in reach
-/// has. When that leaves the answer open, all words are looked through.
-std::vector<Guess> nearestWords(const WordTrie& trie, const RankedWords& words,
+/// The words nearest to a lower-case word of letters and apostrophes, cheapest first, words of
+/// equal cost in the order of their letters. `backward` holds the same words spelled backward.
+///
+/// The slips of a word lie for their cheaper half in the first or in the second half of what was
+/// typed. So one search reads forward and allows the first half of the letters only half the cost,
+/// another reads backward and does the same from the end; few beginnings are that near (Mihov and
+/// Schulz, Fast Approximate Search in Large Dictionaries, 2004).
+std::vector<Guess> nearestWords(const WordTrie& forward, const WordTrie& backward,
                                 std::string_view typed, const GuessLimits& limits);
 
 }  // namespace mirvane

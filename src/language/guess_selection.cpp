@@ -1,19 +1,22 @@
 #include "language/guess_selection.h"
 
 #include <algorithm>
+#include <cstddef>
+
+#include "language/typing_costs.h"
 
 namespace mirvane {
 
 namespace {
 
-constexpr int asLikely = 14;  // costs this close together say nothing about which is meant
-constexpr std::size_t mostAsLikely = 3;
+constexpr int asLikely = 4;  // costs this close together say nothing about which is meant
 constexpr std::size_t mostGuesses = 5;
 
-double sharedBeginning(std::string_view a, std::string_view b) {
-  const auto shared = std::ranges::mismatch(a, b).in1 - a.begin();
-  return static_cast<double>(shared) / static_cast<double>(std::max(a.size(), b.size()));
-}
+// How much the texts alone speak for a word.
+constexpr double commonBeginning = 0.35;
+constexpr double clearSlip = 1.5;  // a swap, a double letter typed once, left-out vowels
+constexpr double neighbouringKey = 0.35;
+constexpr double onlyUnfinished = -0.45;  // the typed word is its beginning
 
 std::string consonantsOf(std::string_view word) {
   std::string consonants(word);
@@ -23,24 +26,64 @@ std::string consonantsOf(std::string_view word) {
   return consonants;
 }
 
-bool addsOnlyVowels(std::string_view typed, std::string_view word) {
-  return word.size() > typed.size() && consonantsOf(word) == consonantsOf(typed);
-}
+// What two words have in common, and where they part.
+class Comparison {
+ public:
+  Comparison(std::string_view typed, std::string_view word)
+      : typed_(typed),
+        word_(word),
+        shared_(static_cast<std::size_t>(std::ranges::mismatch(typed, word).in1 - typed.begin())) {}
+
+  [[nodiscard]] double likeness() const {
+    double likeness = commonBeginning * static_cast<double>(shared_) /
+                      static_cast<double>(std::max(typed_.size(), word_.size()));
+    if (isSwapped() || isMissingDouble() || isMissingVowels()) likeness += clearSlip;
+    if (isOfNeighbouringKey()) likeness += neighbouringKey;
+    if (shared_ == typed_.size() && word_.size() > shared_) likeness += onlyUnfinished;
+    return likeness;
+  }
+
+ private:
+  [[nodiscard]] bool isSwapped() const {
+    return typed_.size() == word_.size() && shared_ + 1 < typed_.size() &&
+           typed_[shared_] == word_[shared_ + 1] && typed_[shared_ + 1] == word_[shared_] &&
+           typed_.substr(shared_ + 2) == word_.substr(shared_ + 2);
+  }
+
+  [[nodiscard]] bool isMissingDouble() const {
+    return word_.size() == typed_.size() + 1 && shared_ > 0 &&
+           word_[shared_] == word_[shared_ - 1] &&
+           word_.substr(shared_ + 1) == typed_.substr(shared_);
+  }
+
+  [[nodiscard]] bool isMissingVowels() const {
+    return word_.size() > typed_.size() && word_.size() <= typed_.size() + 2 &&
+           consonantsOf(word_) == consonantsOf(typed_);
+  }
+
+  [[nodiscard]] bool isOfNeighbouringKey() const {
+    return typed_.size() == word_.size() && shared_ < typed_.size() &&
+           typed_.substr(shared_ + 1) == word_.substr(shared_ + 1) &&
+           typing_cost::substitution(typed_[shared_], word_[shared_]) ==
+               typing_cost::neighbouringKey;
+  }
+
+  std::string_view typed_, word_;
+  std::size_t shared_;
+};
 
 }  // namespace
 
 std::vector<std::string> worthOffering(std::string_view typed, std::span<const Guess> nearest) {
   std::vector<std::string> offered;
-  std::size_t likely = 0;
+  double lowest = 0;  // likeness of an offered word
   for (const Guess& guess : nearest) {
-    const Guess& first = nearest.front();
-    if (guess.cost <= first.cost + asLikely && likely < mostAsLikely) {
-      ++likely;
-      offered.push_back(guess.word);
-    } else if (offered.size() < mostGuesses && !addsOnlyVowels(typed, guess.word) &&
-               sharedBeginning(typed, guess.word) < sharedBeginning(typed, first.word)) {
-      offered.push_back(guess.word);
-    }
+    const double likeness = Comparison(typed, guess.word).likeness();
+    const bool isAsLikely = guess.cost <= nearest.front().cost + asLikely;
+    if (!offered.empty() && likeness > lowest && !isAsLikely) continue;
+    lowest = offered.empty() ? likeness : std::min(lowest, likeness);
+    offered.push_back(guess.word);
+    if (offered.size() == mostGuesses) break;
   }
   return offered;
 }

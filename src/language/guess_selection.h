@@ -9,10 +9,9 @@
 
 namespace mirvane {
 
-/// Which of the nearest words to offer for a typed word, cheapest first: few when the first is much
-/// nearer than the rest. Whoever ranks them anew sees only the texts and prefers a common
-/// beginning, so a word that is clearly farther away is offered only if it shares less of the
-/// beginning than the first.
+/// Which of the nearest words to offer for a typed word, cheapest first. Whoever ranks them anew
+/// sees only the texts: a common beginning, and slips that show. So a word that would be taken for
+/// likelier than a nearer one is offered only when it is about as near as the nearest.
 std::vector<std::string> worthOffering(std::string_view typed, std::span<const Guess> nearest);
 
 }  // namespace mirvane

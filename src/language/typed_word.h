@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "language/typing_costs.h"
@@ -9,47 +10,56 @@
 
 namespace mirvane {
 
+/// From which end words are compared letter by letter.
+enum class Reading { forward, backward };
+
 /// A lower-case word of letters and apostrophes as it was typed, with what each of its letters
-/// costs to explain, worked out once for all the words it is compared with.
+/// costs to explain, worked out once for all the words it is compared with. Read backward, places
+/// count from the end of the word; every word is as far away as read forward, unless a swap meets a
+/// doubled letter.
 class TypedWord {
  public:
   using Cost = typing_cost::Cost;
 
-  /// Of at most WordSet::longestWord characters; the text must outlive this object.
-  explicit TypedWord(std::string_view text);
+  /// What it costs at least to explain the first 0, 1, 2, ... typed letters by the beginning of
+  /// another word: a row of the table that edit distances are worked out with (Wagner and Fischer
+  /// 1974), with swaps of neighbours (Damerau 1964). Rounded up to whole blocks of letters.
+  using Row = std::array<std::int16_t, WordSet::longestWord + 9>;
 
-  [[nodiscard]] std::string_view text() const { return text_; }
-  [[nodiscard]] std::size_t size() const { return text_.size(); }
+  /// Of at most WordSet::longestWord characters.
+  TypedWord(std::string_view text, Reading reading);
 
-  /// The letter at a position was not meant.
-  [[nodiscard]] Cost extra(std::size_t position) const { return extra_[position]; }
+  [[nodiscard]] std::size_t size() const { return size_; }
+  [[nodiscard]] char letter(std::size_t place) const { return text_[place]; }
 
-  /// The letter at a position stands for `meant`; 0 when it is that letter.
-  [[nodiscard]] Cost substitution(std::size_t position, char meant) const {
-    return substitutions_[position][typing_cost::indexOf(meant)];
+  /// The letter at a place was not meant.
+  [[nodiscard]] Cost extra(std::size_t place) const { return extra_[place]; }
+
+  /// The places of a letter, as bits.
+  [[nodiscard]] std::uint64_t placesOf(char letter) const {
+    return places_[typing_cost::indexOf(letter)];
   }
 
-  /// `meant` was left out before a position, behind the meant letter `before`.
-  [[nodiscard]] static Cost missing(std::size_t position, char meant, char before) {
-    return typing_cost::missingLetter(meant, before) + atStart(position);
-  }
+  /// The row of a word without letters.
+  void fillFirstRow(Row& row) const;
 
-  /// The letters at a position and behind it were swapped.
-  [[nodiscard]] static Cost swap(std::size_t position) {
-    return typing_cost::swap + atStart(position);
-  }
-
-  /// The cheapest slips that turn `meant` into this word: the edit distance with swaps of
-  /// neighbours (Damerau 1964; Wagner and Fischer 1974) under these costs. Some number above
-  /// `limit` when it is more than that.
-  [[nodiscard]] Cost distanceTo(std::string_view meant, Cost limit) const;
+  /// The row of a word of at least one letter, from the rows of the word without its last letter
+  /// and without its last two; `before` is the letter before its last, '\0' when there is none.
+  void fillRow(Row& row, const Row& above, const Row& twoAbove, char meant, char before) const;
 
  private:
-  static Cost atStart(std::size_t position) { return position == 0 ? typing_cost::firstLetter : 0; }
+  void addSwaps(Row& row, const Row& twoAbove, char meant, char before) const;
 
-  std::string_view text_;
-  std::array<Cost, WordSet::longestWord> extra_;
-  std::array<std::array<Cost, typing_cost::letterCount>, WordSet::longestWord> substitutions_;
+  static constexpr std::size_t blockSize = 8;  // 16 bytes, which most machines work on at once
+  using ByPlace = std::array<std::int16_t, WordSet::longestWord + 1>;
+
+  std::size_t size_;
+  std::size_t startCell_;  // of a row, where nothing of the word's start is explained yet
+  std::size_t startSwap_;  // the first place of a swap of the first two letters
+  std::array<char, WordSet::longestWord> text_;
+  ByPlace extra_{};
+  std::array<ByPlace, typing_cost::letterCount> substitutions_{};
+  std::array<std::uint64_t, typing_cost::letterCount> places_{};
 };
 
 }  // namespace mirvane

@@ -53,7 +53,7 @@ constexpr bool soundAlike(char a, char b) {
 constexpr Cost costOf(char typed, char meant) {
   if (typed == meant) return 0;
   const int distance = squaredDistance(typed, meant);
-  if (distance <= neighbour) return 70;
+  if (distance <= neighbour) return neighbouringKey;
   if (isVowel(typed) && isVowel(meant)) return 82;
   if (soundAlike(typed, meant)) return 86;
   return distance <= almostNeighbour ? 120 : 140;
@@ -89,7 +89,7 @@ Cost substitution(char typed, char meant) {
 
 Cost extraLetter(char typed, char before, char after) {
   if (typed == before) return 30;
-  return areNeighbours(typed, before) || areNeighbours(typed, after) ? 82 : 95;
+  return areNeighbours(typed, before) || areNeighbours(typed, after) ? 82 : 98;
 }
 
 }  // namespace mirvane::typing_cost

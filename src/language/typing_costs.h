@@ -24,19 +24,16 @@ Cost substitution(char typed, char meant);
 Cost extraLetter(char typed, char before, char after);
 
 /// Two neighbouring letters arrived in the wrong order.
-constexpr Cost swap = 35;
+constexpr Cost swap = 42;
 
 /// Added to any slip on the first letter, which people get right more often than others.
-constexpr Cost firstLetter = 15;
+constexpr Cost firstLetter = 8;
+
+/// A neighbouring key was hit.
+constexpr Cost neighbouringKey = 66;
 
 /// No slip that gets rid of a letter costs less, unless the letter repeats the one before it.
-constexpr Cost leastForForeignLetter = 70;
-
-/// No slip that brings in a letter the typed word lacks costs less; the apostrophe aside.
-constexpr Cost leastForNewLetter = 64;
-
-/// No letter too many costs less, unless it repeats the one before it.
-constexpr Cost leastForExtraLetter = 82;
+constexpr Cost leastForForeignLetter = neighbouringKey;
 
 /// A double letter was typed once.
 constexpr Cost missedDouble = 34;
@@ -54,7 +51,7 @@ constexpr Cost missingLetter(char meant, char before) {
     case 'u':
       return 68;
     default:
-      return leastForNewLetter;
+      return 64;
   }
 }
 

@@ -1,28 +1,39 @@
 #include "language/word_trie.h"
 
 #include <algorithm>
+#include <bit>
+#include <stdexcept>
+#include <utility>
 
 namespace mirvane {
 
+namespace {
+
+constexpr unsigned letterNumberOfApostrophe = 26;
+
+}  // namespace
+
 std::optional<WordTrie> WordTrie::read(PayloadReader& payload) {
   const auto nodes = payload.next<Node>();
-  if (!nodes) return std::nullopt;
+  const auto frequencies = payload.next<Frequency>();
+  if (!nodes || !frequencies || nodes->size() != frequencies->size()) return std::nullopt;
   // Children lie behind their parent, so no walk is endless or leaves the nodes.
   for (std::size_t i = 0; i < nodes->size(); ++i) {
     const Node& node = (*nodes)[i];
+    if (node.letterNumber > letterNumberOfApostrophe) return std::nullopt;
     if (node.childCount == 0) continue;
-    if (node.firstChild <= i || node.firstChild + node.childCount > nodes->size()) {
-      return std::nullopt;
-    }
+    const std::size_t firstChild = node.firstChild, end = firstChild + node.childCount;
+    if (firstChild <= i || end > nodes->size()) return std::nullopt;
   }
   WordTrie trie;
   trie.nodes_ = *nodes;
+  trie.frequencies_ = *frequencies;
   return trie;
 }
 
 const WordTrie::Node* WordTrie::child(const Node& node, char letter) const {
   for (const Node& candidate : children(node)) {
-    if (candidate.letter == letter) return &candidate;
+    if (candidate.letter() == letter) return &candidate;
   }
   return nullptr;
 }
@@ -40,7 +51,7 @@ namespace {
 
 using FrequentWord = std::pair<std::string, WordTrie::Frequency>;
 
-// The words that run through one node.
+// The words that run through one node and do not end there.
 struct Branch {
   std::size_t node;
   std::span<const FrequentWord> words;
@@ -57,9 +68,11 @@ std::span<const FrequentWord> sharingLetter(std::span<const FrequentWord> words,
 
 WordTrie::Node nodeFor(std::span<const FrequentWord> words, std::size_t depth) {
   const auto best = std::ranges::max_element(words, {}, &FrequentWord::second);
-  const bool ends = words.front().first.size() == depth;
-  const char letter = depth == 0 ? '\0' : words.front().first[depth - 1];
-  return {0, 0, 0, letter, ends ? words.front().second : WordTrie::Frequency{0}, best->second};
+  const char letter = depth == 0 ? 'a' : words.front().first[depth - 1];
+  WordTrie::Node node{};
+  node.bestFrequency = best->second;
+  node.letterNumber = static_cast<unsigned>(std::countr_zero(WordTrie::letterSet(letter))) & 31U;
+  return node;
 }
 
 // From the last node to the first: children lie behind their parent.
@@ -68,32 +81,53 @@ void collectLettersBelow(std::vector<WordTrie::Node>& nodes) {
     const std::span<const WordTrie::Node> children =
         std::span(nodes).subspan(nodes[i].firstChild, nodes[i].childCount);
     for (const WordTrie::Node& child : children) {
-      nodes[i].lettersBelow |= WordTrie::letterSet(child.letter) | child.lettersBelow;
+      nodes[i].lettersBelow |= 1U << child.letterNumber | child.lettersBelow;
     }
   }
 }
 
+// Breadth first, so that the children of a node lie side by side.
+class Layout {
+ public:
+  explicit Layout(std::span<const FrequentWord> words) { add(words, 0); }
+
+  WordTrieParts run() {
+    for (std::size_t next = 0; next < branches_.size(); ++next) addChildren(branches_[next]);
+    collectLettersBelow(parts_.nodes);
+    return std::move(parts_);
+  }
+
+ private:
+  void add(std::span<const FrequentWord> words, std::size_t depth) {
+    const bool ends = words.front().first.size() == depth;
+    branches_.push_back({parts_.nodes.size(), words.subspan(ends ? 1 : 0), depth});
+    parts_.nodes.push_back(nodeFor(words, depth));
+    parts_.frequencies.push_back(ends ? words.front().second : WordTrie::Frequency{0});
+    if (parts_.nodes.size() > mostNodes) throw std::length_error("word trie");
+  }
+
+  void addChildren(Branch branch) {
+    const std::size_t firstChild = parts_.nodes.size();
+    while (!branch.words.empty()) {
+      const auto shared = sharingLetter(branch.words, branch.depth);
+      add(shared, branch.depth + 1);
+      branch.words = branch.words.subspan(shared.size());
+    }
+    WordTrie::Node& node = parts_.nodes[branch.node];
+    node.firstChild = static_cast<std::uint32_t>(firstChild) & mostNodes;
+    node.childCount = static_cast<std::uint32_t>(parts_.nodes.size() - firstChild) & 31U;
+  }
+
+  static constexpr std::uint32_t mostNodes = (1U << 19) - 1;
+
+  WordTrieParts parts_;
+  std::vector<Branch> branches_;
+};
+
 }  // namespace
 
-std::vector<WordTrie::Node> layOutWordTrie(std::span<const FrequentWord> words) {
-  if (words.empty()) return {};
-  // Breadth first, so that the children of a node lie side by side.
-  std::vector<WordTrie::Node> nodes{nodeFor(words, 0)};
-  std::vector<Branch> branches{{0, words, 0}};
-  for (std::size_t next = 0; next < branches.size(); ++next) {
-    const Branch branch = branches[next];
-    auto rest = branch.words.subspan(nodes[branch.node].frequency != 0 ? 1 : 0);
-    nodes[branch.node].firstChild = static_cast<std::uint32_t>(nodes.size());
-    while (!rest.empty()) {
-      const auto shared = sharingLetter(rest, branch.depth);
-      branches.push_back({nodes.size(), shared, branch.depth + 1});
-      nodes.push_back(nodeFor(shared, branch.depth + 1));
-      ++nodes[branch.node].childCount;
-      rest = rest.subspan(shared.size());
-    }
-  }
-  collectLettersBelow(nodes);
-  return nodes;
+WordTrieParts layOutWordTrie(std::span<const FrequentWord> words) {
+  return words.empty() ? WordTrieParts{} : Layout(words).run();
 }
 
 }  // namespace mirvane

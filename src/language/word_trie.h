@@ -26,20 +26,19 @@ class WordTrie {
     return letter == '\'' ? LetterSet{1} << 26 : LetterSet{1} << ((letter - 'a') & 31);
   }
 
-  static LetterSet letterSetOf(std::string_view word) {
-    LetterSet letters = 0;
-    for (const char letter : word) letters |= letterSet(letter);
-    return letters;
-  }
-
+  /// Of 27 letters, packed to eight bytes: a search looks at thousands of them.
   struct Node {
-    std::uint32_t firstChild;
-    LetterSet lettersBelow;
-    std::uint8_t childCount;
-    char letter;              // that leads to this node
-    Frequency frequency;      // of the word that ends here
-    Frequency bestFrequency;  // of the words that end here or below
+    std::uint32_t firstChild : 19;
+    std::uint32_t childCount : 5;
+    std::uint32_t bestFrequency : 8;  // of the words that end here or below
+    LetterSet lettersBelow : 27;
+    LetterSet letterNumber : 5;  // of the letter that leads to this node, as its bit in a set
+
+    [[nodiscard]] char letter() const {
+      return letterNumber == 26 ? '\'' : static_cast<char>('a' + letterNumber);
+    }
   };
+  static_assert(sizeof(Node) == 8);
 
   /// The trie without words.
   WordTrie() = default;
@@ -60,6 +59,9 @@ class WordTrie {
     return static_cast<std::size_t>(&node - nodes_.data());
   }
 
+  /// Of the word that ends at a node.
+  [[nodiscard]] Frequency frequency(const Node& node) const { return frequencies_[indexOf(node)]; }
+
   /// The child that this letter leads to, or null.
   [[nodiscard]] const Node* child(const Node& node, char letter) const;
 
@@ -68,10 +70,17 @@ class WordTrie {
 
  private:
   std::span<const Node> nodes_;
+  std::span<const Frequency> frequencies_;
 };
 
-/// The nodes of a trie over distinct words, sorted by their bytes, each with its frequency.
-std::vector<WordTrie::Node> layOutWordTrie(
-    std::span<const std::pair<std::string, WordTrie::Frequency>> words);
+/// The parts of a trie, as WordTrie::read expects them.
+struct WordTrieParts {
+  std::vector<WordTrie::Node> nodes;
+  std::vector<WordTrie::Frequency> frequencies;
+};
+
+/// Lays out distinct words of letters and apostrophes, sorted by their bytes, each with its
+/// frequency; throws std::length_error when they are too many for the layout.
+WordTrieParts layOutWordTrie(std::span<const std::pair<std::string, WordTrie::Frequency>> words);
 
 }  // namespace mirvane

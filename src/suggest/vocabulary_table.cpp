@@ -6,6 +6,7 @@
 #include <bit>
 #include <functional>
 #include <limits>
+#include <utility>
 
 #include "text/canonical.h"
 #include "text/scalars.h"
@@ -24,17 +25,26 @@ std::uint16_t tagOf(std::size_t hash) {
   return static_cast<std::uint16_t>(hash >> 48);
 }
 
-VocabularyTable parseVocabularyTable(std::string_view json) {
-  simdjson::dom::parser parser;
-  simdjson::dom::object entries;
-  if (parser.parse(simdjson::padded_string(json)).get(entries) != simdjson::SUCCESS) return {};
+/// Reads field by field: a tree of the whole text would take more memory than all the rest.
+VocabularyTable parseVocabularyTable(std::string json) {
+  constexpr std::size_t typicalFieldLength = 20;
+  json.reserve(json.size() + simdjson::SIMDJSON_PADDING);
+  simdjson::ondemand::parser parser;
+  simdjson::ondemand::document document;
+  simdjson::ondemand::object fields;
+  if (parser.iterate(json).get(document) != simdjson::SUCCESS) return {};
+  if (document.get_object().get(fields) != simdjson::SUCCESS) return {};
   VocabularyTable table;
-  table.reserve(entries.size());
-  for (const auto [key, value] : entries) {
-    if (!value.is_number()) return {};
-    table.insert(key, value.get_double().value());
+  table.reserve(json.size() / typicalFieldLength);
+  for (auto field : fields) {
+    std::string_view key;
+    double weight = 0;
+    if (field.unescaped_key().get(key) != simdjson::SUCCESS) return {};
+    if (field.value().get_double().get(weight) != simdjson::SUCCESS) return {};
+    table.insert(key, weight);
   }
-  return table;
+  const bool isAtEnd = document.current_location().error() == simdjson::OUT_OF_BOUNDS;
+  return isAtEnd ? std::move(table) : VocabularyTable{};
 }
 
 }  // namespace
@@ -99,8 +109,8 @@ VocabularyTable loadVocabularyTable(const Bundle& bundle, std::string_view resou
   auto path = bundle.pathForResource(resourceName, "json", "Vocabulary");
   if (!path) path = bundle.pathForResource(resourceName, "json");
   if (!path) return {};
-  const auto json = bundle.contents(*path);
-  return json ? parseVocabularyTable(*json) : VocabularyTable{};
+  auto json = bundle.contents(*path);
+  return json ? parseVocabularyTable(*std::move(json)) : VocabularyTable{};
 }
 
 }  // namespace mirvane

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -116,6 +118,24 @@ TEST(DataFiles, AreAsIfAbsentWhenTheirPartsDoNotFit) {
     std::string endless = payload;
     endless.replace(0, 8, 8, '\xff');
     EXPECT_FALSE(knowsFrom(all[i], dataFileBytes(fileKinds[i], endless))) << all[i].name;
+  }
+}
+
+// The checksum is right, but what the parts say is not.
+TEST(DataFiles, DoNoHarmWhenTheirWordsAreDamaged) {
+  const std::string payload = kinds()[0].bytes.substr(32);
+  for (std::size_t i = 0; i < payload.size(); ++i) {
+    for (const char change : {'\x01', '\x10', '\xff'}) {
+      std::string damaged = payload;
+      damaged[i] = static_cast<char>(damaged[i] ^ change);
+      const TemporaryFile file(dataFileBytes(Dictionary::fileKind, damaged));
+      const Dictionary dictionary(file.path());
+      auto offered = dictionary.guesses("helo");
+      std::ranges::move(dictionary.completions("he"), std::back_inserter(offered));
+      for (const std::string& word : offered) {
+        EXPECT_EQ(word.find_first_not_of("abcdefghijklmnopqrstuvwxyz'"), std::string::npos) << i;
+      }
+    }
   }
 }
 

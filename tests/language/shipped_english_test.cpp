@@ -12,6 +12,7 @@ namespace mirvane {
 namespace {
 
 using testing::Contains;
+using testing::Not;
 
 class ShippedEnglish : public testing::Test {
  protected:
@@ -57,21 +58,55 @@ TEST_F(ShippedEnglish, RejectsTyposAndTheForbiddenShortcuts) {
   }
 }
 
-TEST_F(ShippedEnglish, GuessesMotorErrors) {
+TEST_F(ShippedEnglish, GuessesNeighbouringKeys) {
+  expectGuessed({{"srore", "store"},
+                 {"beown", "brown"},
+                 {"posdible", "possible"},
+                 {"functikns", "functions"},
+                 {"thw", "the"}});
+}
+
+TEST_F(ShippedEnglish, GuessesKeysHitOnTheWay) {
+  expectGuessed({{"remqains", "remains"},
+                 {"sterps", "steps"},
+                 {"sterlla", "stella"},
+                 {"partieds", "parties"}});
+}
+
+TEST_F(ShippedEnglish, GuessesMissedLetters) {
+  expectGuessed(
+      {{"plannig", "planning"}, {"unluck", "unlucky"}, {"brwn", "brown"}, {"leter", "letter"}});
+}
+
+TEST_F(ShippedEnglish, GuessesSwappedLetters) {
   expectGuessed({{"teh", "the"},
                  {"Teh", "The"},
                  {"TEH", "THE"},
-                 {"helllo", "hello"},
+                 {"documetn", "document"},
+                 {"qiuck", "quick"},
+                 {"hwo", "who"},
+                 {"wnet", "went"}});
+}
+
+TEST_F(ShippedEnglish, GuessesRepeatedLetters) {
+  expectGuessed({{"helllo", "hello"},
                  {"haaaave", "have"},
                  {"connnntinued", "continued"},
-                 {"remqains", "remains"},
-                 {"posdible", "possible"},
-                 {"functikns", "functions"},
-                 {"mortgags", "mortgages"},
-                 {"documetn", "document"},
+                 {"yesteerdayy", "yesterday"}});
+}
+
+TEST_F(ShippedEnglish, GuessesTwoSlipsInAWord) {
+  expectGuessed({{"lhto", "onto"},
+                 {"frsnts", "grants"},
                  {"elllectic", "electric"},
                  {"thhhhag", "that"},
-                 {"sterlla", "stella"}});
+                 {"atttachd", "attached"},
+                 {"ibcreaased", "increased"}});
+}
+
+TEST_F(ShippedEnglish, GuessesOnlyTheLikeliestWhenAnotherWouldLookLikelier) {
+  EXPECT_THAT(words().guesses("unluck"), Not(Contains("unlock")));
+  EXPECT_THAT(words().guesses("plannig"), Not(Contains("planing")));
 }
 
 TEST_F(ShippedEnglish, GuessesMisspellings) {

@@ -30,7 +30,9 @@ TEST(VocabularyTable, MapsWordsToWeights) {
 TEST(VocabularyTable, IsEmptyUnlessTheResourceIsAnObjectOfNumbers) {
   for (const char* json :
        {"", "{", "[1]", "5", "null", R"({"a": 1, "b": true})", R"({"a": 1, "b": "2"})",
-        R"({"a": 1, "b": null})", R"({"a": {}})", R"({"": true})"}) {
+        R"({"a": 1, "b": null})", R"({"a": {}})", R"({"": true})", R"({"a": 1)", R"({"a": 1} 2)",
+        R"({"a": 1}})", R"({"a": 1 "b": 2})", R"({"a": 1, "b"})", R"({"a": 1x})",
+        "{\"a\xff\": 1}"}) {
     EXPECT_EQ(loadedFrom(json).size(), 0U) << json;
     EXPECT_EQ(loadedFrom(json).weight("a"), 0) << json;
   }

@@ -1,5 +1,6 @@
 #include "packed_dictionary.h"
 
+#include <algorithm>
 #include <map>
 #include <stdexcept>
 #include <utility>
@@ -28,24 +29,33 @@ Frequencies readFrequencies(std::istream& lines) {
   return frequencies;
 }
 
+using FrequentWords = std::vector<std::pair<std::string, WordTrie::Frequency>>;
+
+FrequentWords spelledBackward(FrequentWords words) {
+  for (auto& [word, frequency] : words) std::ranges::reverse(word);
+  std::ranges::sort(words);
+  return words;
+}
+
+void addTrie(PayloadWriter& payload, const FrequentWords& words) {
+  const WordTrieParts parts = layOutWordTrie(words);
+  payload.add(std::span<const WordTrie::Node>(parts.nodes));
+  payload.add(std::span<const WordTrie::Frequency>(parts.frequencies));
+}
+
 }  // namespace
 
 std::string packedDictionary(std::istream& lines) {
   std::vector<std::string> accepted;
-  std::vector<std::pair<std::string, WordTrie::Frequency>> offered;
+  FrequentWords offered;
   for (const auto& [word, frequency] : readFrequencies(lines)) {
     accepted.push_back(word);
     if (frequency > 0) offered.emplace_back(word, frequency);
   }
-  const std::vector<WordTrie::Node> nodes = layOutWordTrie(offered);
   PayloadWriter payload;
   payload.addWordSet(layOutWordSet(accepted));
-  payload.add(std::span<const WordTrie::Node>(nodes));
-  const RankedWordsParts ranked = layOutRankedWords(offered);
-  payload.add(std::span<const std::uint32_t>(ranked.counts));
-  payload.add(std::span<const WordTrie::LetterSet>(ranked.letters));
-  payload.add(std::span<const WordTrie::Frequency>(ranked.frequencies));
-  payload.add(std::span<const char>(ranked.text));
+  addTrie(payload, offered);
+  addTrie(payload, spelledBackward(std::move(offered)));
   return dataFileBytes(Dictionary::fileKind, payload.bytes());
 }
 

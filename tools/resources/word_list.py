@@ -11,11 +11,11 @@ CONTRACTION = re.compile(r"[a-z]+(?:'[a-z]+)+\Z")
 
 # log10 probability from which a word is frequent enough, by its length and by the level of its
 # list. Rare short words and names cost more than they give: they turn slips of the finger into
-# known words.
+# known words, and each that is a slip away from what was typed competes with the meant word.
 COMMON_LEVEL = 35
-COMMON_WORD = {3: -5.5, 4: -5.85}
+COMMON_WORD = {3: -5.4, 4: -5.85, 5: -6.2, 6: -6.6, 7: -7.0}
 RARE_LEVEL = 60
-RARE_WORD = {3: -5.3, 4: -5.4, 5: -5.9, 6: -6.3, 7: -7.2}
+RARE_WORD = {3: -5.2, 4: -5.4, 5: -5.9, 6: -6.3, 7: -6.8}
 VERY_RARE_WORD = {3: -5.2, 4: -5.4, 5: -5.8, 6: -6.2}
 VERY_RARE_WORD_LONGER = -6.5
 NAME = {3: -4.8, 4: -5.2, 5: -5.5}

@@ -28,6 +28,12 @@ InputEvent inputEventOf(const WatchedKey& key) {
           key.userData};
 }
 
+/// When the key was pressed: the X server's clock is the system's.
+FocusWatch::Clock::time_point pressTimeOf(const WatchedKey& key) {
+  return FocusWatch::Clock::time_point(std::chrono::duration_cast<FocusWatch::Clock::duration>(
+      std::chrono::duration<double>(key.timestamp)));
+}
+
 /// The text whose appearance shows that the application has dealt with the key; absent for keys
 /// that type none.
 std::optional<std::string> effectOf(const WatchedKey& key) {
@@ -89,7 +95,7 @@ class OtherApplications::Implementation {
     typist_.emplace(std::move(display), posted_);
     input_ = DesktopInput::start(
         posted_, {[this](const DesktopKey& key) {
-                    thread_.post([this, key, at = FocusWatch::Clock::now()] { handle(key, at); });
+                    thread_.post([this, key] { handle(key, pressTimeOf(key.key)); });
                   },
                   [this](double timestamp) {
                     thread_.post([this, timestamp] { handlePointer(timestamp); });

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/atspi/text_changes.h"
+#include "platform/linux/atspi/key_effects.h"
 #include "platform/linux/atspi/text_window.h"
 
 namespace mirvane {
@@ -48,33 +48,68 @@ TEST(TextWindow, AnswersOnlyWhatItHolds) {
   EXPECT_EQ(window.text({105, 0}), u"");
 }
 
-class Changes : public testing::Test {
+class Effects : public testing::Test {
  protected:
-  TextChanges changes;
+  KeyEffects::Id press(std::string_view text, int millisecond = 0) {
+    return effects.expect(&editor, text, start + std::chrono::milliseconds(millisecond));
+  }
+  void insert(std::string text, int millisecond = 500) {
+    effects.note(&editor, {true, std::move(text)}, start + std::chrono::milliseconds(millisecond));
+  }
+
+  KeyEffects effects;
   int editor = 0, other = 0;
+  KeyEffects::Clock::time_point start{};
 };
 
-TEST_F(Changes, KeyTakesItsOwnChangeAndForgetsWhatCameBefore) {
-  changes.add({&editor, true, "o"});
-  changes.add({&editor, true, "hello"});
-  changes.add({&editor, true, " "});
-  EXPECT_FALSE(changes.takeChangeOf(&editor, "h")) << "hello was written by somebody else";
-  EXPECT_TRUE(changes.takeChangeOf(&editor, " "));
-  EXPECT_FALSE(changes.takeChangeOf(&editor, "o"));
+TEST_F(Effects, InsertionOfJustItsTextShowsAKey) {
+  const auto key = press("l");
+  effects.note(&other, {true, "l"}, start);
+  effects.note(&editor, {false, "l"}, start);
+  insert("hello");
+  EXPECT_FALSE(effects.isShown(key)) << "another application, a deletion, another cause";
+  insert("l");
+  EXPECT_TRUE(effects.isShown(key));
 }
 
-TEST_F(Changes, OneChangeServesOneKeyOfItsApplication) {
-  changes.add({&editor, true, "l"});
-  EXPECT_FALSE(changes.takeChangeOf(&other, "l"));
-  EXPECT_TRUE(changes.takeChangeOf(&editor, "l"));
-  EXPECT_FALSE(changes.takeChangeOf(&editor, "l"));
+TEST_F(Effects, ChangeBelongsToTheEarliestKeyOfAnApplicationThatIsBehind) {
+  const auto first = press(" "), letter = press("a"), second = press(" ");
+  insert(" ");
+  EXPECT_TRUE(effects.isShown(first));
+  EXPECT_FALSE(effects.isShown(second));
+  insert("a");
+  EXPECT_TRUE(effects.isShown(letter));
+  insert(" ");
+  EXPECT_TRUE(effects.isShown(second));
 }
 
-TEST_F(Changes, BackspaceDeletesAndReturnMayIndent) {
-  changes.add({&editor, true, "\n    "});
-  changes.add({&editor, false, "x"});
-  EXPECT_TRUE(changes.takeChangeOf(&editor, "\r"));
-  EXPECT_TRUE(changes.takeChangeOf(&editor, "\x7F"));
+TEST_F(Effects, ChangeMayBeAnnouncedBeforeTheKeyIsLookedAt) {
+  insert("a", 90);
+  insert("b", 110);
+  EXPECT_FALSE(effects.isShown(press("a", 100))) << "announced before it was pressed";
+  insert("a", 120);
+  EXPECT_TRUE(effects.isShown(press("b", 100)));
+  EXPECT_FALSE(effects.isShown(press("b", 100))) << "each change serves one key";
+}
+
+TEST_F(Effects, KeysWithoutEffectAreGivenUp) {
+  const auto ignored = press("x", 0), late = press("y", 400);
+  effects.giveUp(&editor, start + std::chrono::milliseconds(100));
+  EXPECT_TRUE(effects.isShown(ignored));
+  EXPECT_FALSE(effects.isShown(late));
+  const auto next = press("z", 500);
+  insert("z");
+  EXPECT_TRUE(effects.isShown(late)) << "a later key's effect passes it by";
+  EXPECT_TRUE(effects.isShown(next));
+}
+
+TEST_F(Effects, BackspaceDeletesAndReturnMayIndent) {
+  const auto key = press("\r"), backspace = press("\x7F");
+  insert("\n    ");
+  EXPECT_TRUE(effects.isShown(key));
+  EXPECT_FALSE(effects.isShown(backspace));
+  effects.note(&editor, {false, "x"}, start);
+  EXPECT_TRUE(effects.isShown(backspace));
 }
 
 }  // namespace

@@ -26,7 +26,8 @@ gboolean stopWaiting(gpointer) {
 
 }  // namespace
 
-AccessibilityThread::AccessibilityThread() : context_(g_main_context_new()) {
+AccessibilityThread::AccessibilityThread()
+    : context_(g_main_context_ref(g_main_context_default())) {
   thread_ = std::thread([this] { run(); });
 }
 
@@ -86,8 +87,6 @@ void AccessibilityThread::runCalls() {
 }
 
 void AccessibilityThread::run() {
-  g_main_context_push_thread_default(context_);
-  atspi_set_main_context(context_);
   atspi_init();
   atspi_set_timeout(longestCall, longestCall);
   const auto isRunning = [this] {
@@ -104,7 +103,6 @@ void AccessibilityThread::run() {
     }
   }
   atspi_exit();
-  g_main_context_pop_thread_default(context_);
 }
 
 bool AccessibilityThread::waitUntil(const std::function<bool()>& condition,

@@ -18,6 +18,9 @@ namespace mirvane {
 ///
 /// Tasks run in the order in which they were posted. Calls, for whose answer somebody waits, go
 /// before them, also while a task waits in `waitUntil`.
+///
+/// The thread runs GLib's default main context, to which libatspi ties its connections whatever
+/// context it is given. No other thread may run that one: the program keeps the toolkit off it.
 class AccessibilityThread {
  public:
   using Clock = std::chrono::steady_clock;

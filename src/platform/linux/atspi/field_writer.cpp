@@ -15,8 +15,8 @@ constexpr std::chrono::milliseconds pollInterval{2};
 /// The caret stands behind the word and what ended it, not farther.
 constexpr std::int64_t longestTail = 8;
 /// An application that hangs in the middle of a replacement is waited for half a minute.
-constexpr std::chrono::milliseconds attemptInterval{250};
-constexpr int mostAttempts = 120;
+constexpr std::chrono::milliseconds attemptInterval{100};
+constexpr int mostAttempts = 300;
 
 using Clock = std::chrono::steady_clock;
 
@@ -85,8 +85,9 @@ void FieldWriter::finishLater(const std::shared_ptr<TextField>& field,
   thread_.postLater(
       [this, field, replacement, attemptsLeft] {
         const auto old = field->text(replacement.range);
-        const auto isInserted = field->holds(insertedRange(*field, replacement), replacement.text);
-        if (!old || !isInserted) {
+        const auto isInserted =
+            old ? field->holds(insertedRange(*field, replacement), replacement.text) : std::nullopt;
+        if (!isInserted) {
           finishLater(field, replacement, attemptsLeft - 1);
         } else if (*isInserted && old == replacement.replaced) {
           field->remove(replacement.range);

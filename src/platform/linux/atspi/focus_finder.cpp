@@ -86,6 +86,11 @@ std::shared_ptr<TextField> FocusFinder::find(int processId) {
   return last_;
 }
 
+const void* FocusFinder::nameOf(int processId) {
+  auto* const application = applicationOf(processId);
+  return application != nullptr ? ATSPI_OBJECT(application)->app : nullptr;
+}
+
 bool FocusFinder::hasPause(int processId) const {
   return pause_.processId == processId && Clock::now() < pause_.until;
 }

@@ -20,8 +20,9 @@ class FocusFinder {
   /// not answer. What was found is asked first the next time.
   [[nodiscard]] std::shared_ptr<TextField> find(int processId);
 
-  /// Whether the process takes part in accessibility, responsive or not.
-  [[nodiscard]] bool isAccessible(int processId) { return applicationOf(processId) != nullptr; }
+  /// Names the process among those that take part in accessibility, responsive or not; null when it
+  /// does not. Elements of the process have the same name as their `TextField::application`.
+  [[nodiscard]] const void* nameOf(int processId);
 
   /// An element has announced that it has the focus now: the next search begins there.
   void noteFocused(AtspiAccessible* accessible);

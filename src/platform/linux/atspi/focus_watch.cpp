@@ -5,10 +5,14 @@
 #include <array>
 #include <string_view>
 
+#include "text/utf16.h"
+
 namespace mirvane {
 namespace {
 
 constexpr std::chrono::milliseconds longestEffect{150};
+/// The effect of a key that an application which answers has not shown by then does not come.
+constexpr std::chrono::milliseconds longestDelay{500};
 /// An application that shows no effect of so many keys is not waited for until it shows one.
 constexpr int patience = 2;
 
@@ -17,6 +21,14 @@ constexpr std::array eventTypes{"object:text-changed:insert", "object:text-chang
 
 bool startsWith(const gchar* text, std::string_view prefix) {
   return text != nullptr && std::string_view(text).substr(0, prefix.size()) == prefix;
+}
+
+/// Whether the text before the caret is what a key has typed; always for keys that delete.
+bool endsWith(const FieldContent& content, const std::string& typed) {
+  if (typed == "\x7F") return true;
+  const auto expected = text::toUtf16(typed == "\r" ? "\n" : typed);
+  const auto length = static_cast<std::int64_t>(expected.size());
+  return content.text.text({content.selection.location - length, length}) == expected;
 }
 
 }  // namespace
@@ -53,7 +65,8 @@ void FocusWatch::noteChange(const AtspiEvent& event, bool isInsertion) {
   const auto* const application = ATSPI_OBJECT(event.source)->app;
   const gchar* const text =
       G_VALUE_HOLDS_STRING(&event.any_data) ? g_value_get_string(&event.any_data) : nullptr;
-  changes_.add({application, isInsertion, text != nullptr ? text : ""});
+  effects_.note(application, {isInsertion, text != nullptr ? text : ""}, Clock::now());
+  announcing_.insert(application);
   silence_.erase(application);
 }
 
@@ -76,37 +89,54 @@ bool FocusWatch::isOwn(AtspiAccessible* accessible) {
 void FocusWatch::setSecure(bool isSecure) {
   if (isSecure_) lastSecure_ = Clock::now();
   isSecure_ = isSecure;
-  if (isSecure) changes_.clear();
 }
 
 std::shared_ptr<TextField> FocusWatch::focusedField(int processId) {
   auto field = finder_.find(processId);
   // An application that does not answer may still have its password field in front.
-  if (field) setSecure(field->isPassword() || field->isTerminal());
+  if (field) {
+    setSecure(field->isPassword() || field->isTerminal());
+  } else {
+    lastUnanswered_ = Clock::now();
+  }
   return field;
 }
 
 KeyContext FocusWatch::contextOfKey(int processId, const std::optional<std::string>& text,
                                     Clock::time_point pressedAt) {
+  const auto* const application = finder_.nameOf(processId);
+  std::optional<KeyEffects::Id> key;
+  if (text) key = expectEffect(application, *text, pressedAt);
   auto field = focusedField(processId);
   // The last key of a password may have moved the focus on.
   if (wasSecure(pressedAt)) return {true, nullptr, std::nullopt};
   if (!field) return {};
-  if (text) waitForEffect(*field, *text, pressedAt);
+  const bool hasEffect = !key || awaitEffect(application, *key);
   // A key may have moved the focus, to a password field too.
   if (!field->isFocused()) field = focusedField(processId);
   if (isSecure_) return {true, nullptr, std::nullopt};
-  auto content = field ? field->read() : std::nullopt;
+  // An application that is behind with its keys has an old text, which must not be corrected.
+  if (!field || (!hasEffect && announcing_.contains(application))) return {false, field, {}};
+  auto content = field->read();
+  if (content && !hasEffect && !endsWith(*content, *text)) content.reset();
   return {false, std::move(field), std::move(content)};
 }
 
-void FocusWatch::waitForEffect(const TextField& field, const std::string& text,
-                               Clock::time_point pressedAt) {
-  const auto* const application = field.application();
-  if (silence_[application] >= patience) return;
-  const bool isShown = thread_.waitUntil([&] { return changes_.takeChangeOf(application, text); },
-                                         pressedAt + longestEffect);
-  if (!isShown) ++silence_[application];
+KeyEffects::Id FocusWatch::expectEffect(KeyEffects::Application application,
+                                        const std::string& text, Clock::time_point pressedAt) {
+  // A key without effect must not stand for a later one for ever, nor for long.
+  if (lastUnanswered_ + longestDelay < Clock::now()) {
+    effects_.giveUp(application, pressedAt - longestDelay);
+  }
+  return effects_.expect(application, text, pressedAt);
+}
+
+bool FocusWatch::awaitEffect(KeyEffects::Application application, KeyEffects::Id key) {
+  const auto isShown = [&] { return effects_.isShown(key); };
+  if (silence_[application] >= patience) return isShown();
+  if (thread_.waitUntil(isShown, Clock::now() + longestEffect)) return true;
+  ++silence_[application];
+  return false;
 }
 
 }  // namespace mirvane

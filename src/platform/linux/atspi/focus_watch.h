@@ -3,10 +3,11 @@
 #include <memory>
 #include <optional>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "platform/linux/atspi/accessibility_thread.h"
 #include "platform/linux/atspi/focus_finder.h"
-#include "platform/linux/atspi/text_changes.h"
+#include "platform/linux/atspi/key_effects.h"
 
 namespace mirvane {
 
@@ -15,6 +16,8 @@ struct KeyContext {
   /// The key may be part of a password: nobody is to hear of it.
   bool isSecure = false;
   std::shared_ptr<TextField> field;  ///< null when nothing with the focus can be reached
+  /// The text with the key's effect in it; absent when it cannot be read or the effect is not
+  /// there.
   std::optional<FieldContent> content;
 };
 
@@ -42,7 +45,7 @@ class FocusWatch {
   [[nodiscard]] std::shared_ptr<TextField> focusedField(int processId);
 
   /// Whether the application takes part in accessibility at all.
-  [[nodiscard]] bool isAccessible(int processId) { return finder_.isAccessible(processId); }
+  [[nodiscard]] bool isAccessible(int processId) { return finder_.nameOf(processId) != nullptr; }
 
   /// Whether a key pressed at that time may be part of a password.
   [[nodiscard]] bool wasSecure(Clock::time_point pressedAt) const {
@@ -58,19 +61,25 @@ class FocusWatch {
   void noteFocus(const AtspiEvent& event);
   [[nodiscard]] bool isOwn(AtspiAccessible* accessible);
   void setSecure(bool isSecure);
-  void waitForEffect(const TextField& field, const std::string& text, Clock::time_point pressedAt);
+  [[nodiscard]] KeyEffects::Id expectEffect(KeyEffects::Application application,
+                                            const std::string& text, Clock::time_point pressedAt);
+  [[nodiscard]] bool awaitEffect(KeyEffects::Application application, KeyEffects::Id key);
 
   AccessibilityThread& thread_;
   FocusFinder finder_;
-  TextChanges changes_;
+  KeyEffects effects_;
   AtspiEventListener* listener_ = nullptr;
   bool isSecure_ = false;
   Clock::time_point lastSecure_{};
   /// Whether an application is this process, which must not be asked anything from here: it may
   /// be waiting for an answer of this thread.
-  std::unordered_map<TextChanges::Application, bool> isOwn_;
+  std::unordered_map<KeyEffects::Application, bool> isOwn_;
+  /// The applications that announce their changes.
+  std::unordered_set<KeyEffects::Application> announcing_;
   /// How many keys in a row an application has shown no effect of.
-  std::unordered_map<TextChanges::Application, int> silence_;
+  std::unordered_map<KeyEffects::Application, int> silence_;
+  /// When an application did not answer last.
+  Clock::time_point lastUnanswered_{};
 };
 
 }  // namespace mirvane

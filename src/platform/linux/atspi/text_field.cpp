@@ -16,7 +16,10 @@ constexpr std::int64_t reachAfter = 1024;
 
 /// Qt counts as it stores its text; the others count code points, as the interface asks.
 TextUnit unitOf(AtspiAccessible* accessible) {
-  const GPointer<gchar> toolkit(atspi_accessible_get_toolkit_name(accessible, nullptr));
+  const GObjectPointer<AtspiAccessible> application(
+      atspi_accessible_get_application(accessible, nullptr));
+  if (application == nullptr) return TextUnit::codePoint;
+  const GPointer<gchar> toolkit(atspi_accessible_get_toolkit_name(application.get(), nullptr));
   if (toolkit == nullptr) return TextUnit::codePoint;
   return std::string_view(toolkit.get()) == "Qt" ? TextUnit::utf16 : TextUnit::codePoint;
 }

@@ -7,6 +7,7 @@
 #include <xkbcommon/xkbcommon.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <thread>
 
@@ -24,6 +25,10 @@ unsigned long symbolFor(char32_t scalar) {
   return xkb_utf32_to_keysym(scalar);
 }
 
+/// Some applications ask for the new bindings only when they hear of them, and type the old ones
+/// until they are told.
+constexpr std::chrono::milliseconds timeToReadBindings{40};
+
 std::vector<unsigned long> symbolsOf(std::int64_t deleteCount, std::string_view text) {
   std::vector<unsigned long> symbols(static_cast<std::size_t>(deleteCount), backspace);
   for (std::size_t position = 0; position < text.size();) {
@@ -32,11 +37,73 @@ std::vector<unsigned long> symbolsOf(std::int64_t deleteCount, std::string_view 
   return symbols;
 }
 
+/// What the keys give at the moment.
+class CurrentKeys {
+ public:
+  explicit CurrentKeys(Display* display)
+      : map_(XkbGetMap(display, XkbKeySymsMask | XkbKeyTypesMask, XkbUseCoreKbd)) {
+    XkbStateRec state{};
+    XkbGetState(display, XkbUseCoreKbd, &state);
+    modifiers_ = XkbBuildCoreState(state.mods, state.group);
+    XQueryKeymap(display, downKeys_.data());
+  }
+  CurrentKeys(const CurrentKeys&) = delete;
+  CurrentKeys& operator=(const CurrentKeys&) = delete;
+  ~CurrentKeys() {
+    if (map_ != nullptr) XkbFreeKeyboard(map_, XkbAllComponentsMask, True);
+  }
+
+  /// 0 when no key but `avoided` gives the symbol.
+  [[nodiscard]] std::uint32_t keyFor(unsigned long symbol, std::uint32_t avoided) const {
+    if (map_ == nullptr) return 0;
+    for (std::uint32_t key = map_->min_key_code; key <= map_->max_key_code; ++key) {
+      if (key != avoided && !isDown(key) && symbolOf(key) == symbol) return key;
+    }
+    return 0;
+  }
+
+ private:
+  /// The server ignores the press of a key that is down already.
+  [[nodiscard]] bool isDown(std::uint32_t key) const {
+    constexpr std::uint32_t bits = 8;
+    return (static_cast<unsigned char>(downKeys_.at(key / bits)) & (1U << (key % bits))) != 0;
+  }
+
+  [[nodiscard]] unsigned long symbolOf(std::uint32_t key) const {
+    unsigned consumed = 0;
+    KeySym symbol = NoSymbol;
+    XkbTranslateKeyCode(map_, static_cast<KeyCode>(key), modifiers_, &consumed, &symbol);
+    // Applications apply a Caps Lock or Shift that the key itself knows nothing of.
+    const bool isLeftOver = (modifiers_ & ~consumed & (ShiftMask | LockMask)) != 0;
+    return isLeftOver && consumed == 0 &&
+                   xkb_keysym_to_upper(static_cast<xkb_keysym_t>(symbol)) != symbol
+               ? NoSymbol
+               : symbol;
+  }
+
+  XkbDescPtr map_;
+  unsigned modifiers_ = 0;
+  std::array<char, 32> downKeys_{};
+};
+
 }  // namespace
 
 KeyTypist::KeyTypist(XDisplay display, PostedKeys& posted)
     : display_(std::move(display)), posted_(posted) {
   findUnusedKeys();
+  bindEnglish();
+}
+
+void KeyTypist::bindEnglish() {
+  // Those that are held down most: what ends a word, and the last letters of words.
+  constexpr std::string_view characters = " .,etdsnrylohaig";
+  constexpr std::size_t leftForOthers = 8;
+  const auto symbols = symbolsOf(1, characters);
+  const auto count =
+      std::min(symbols.size(), bindings_.size() - std::min(bindings_.size(), leftForOthers));
+  for (std::size_t i = 0; i < count; ++i) bind(bindings_[i], symbols[i]);
+  XSync(display_.get(), False);
+  hasNewBindings_ = false;
 }
 
 void KeyTypist::findUnusedKeys() {
@@ -68,8 +135,8 @@ bool KeyTypist::isFocused(std::uint64_t window) const {
 
 bool KeyTypist::type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
                      std::int64_t userData) {
-  const auto keys = keysFor(symbolsOf(deleteCount, text));
   const auto controls = readKeyControls(display_.get());
+  const auto keys = keysFor(symbolsOf(deleteCount, text), controls.isBounceKeysOn);
   if (!controls.isSlowKeysOn) return typeAtOnce(window, keys, userData);
   return typeSlowly(window, keys, userData, controls.slowKeysDelay + slowKeysMargin);
 }
@@ -102,31 +169,38 @@ bool KeyTypist::typeSlowly(std::uint64_t window, const std::vector<std::uint32_t
   return true;
 }
 
-std::vector<std::uint32_t> KeyTypist::keysFor(const std::vector<unsigned long>& symbols) {
+std::vector<std::uint32_t> KeyTypist::keysFor(const std::vector<unsigned long>& symbols,
+                                              bool consecutiveDiffer) {
+  const CurrentKeys current(display_.get());
   std::vector<std::uint32_t> keys;
   keys.reserve(symbols.size());
   for (const auto symbol : symbols) {
-    keys.push_back(bindingFor(symbol, keys.empty() ? 0 : keys.back()).scanCode);
+    const auto avoided = consecutiveDiffer && !keys.empty() ? keys.back() : 0;
+    const auto key = current.keyFor(symbol, avoided);
+    keys.push_back(key != 0 ? key : spareKeyFor(symbol, avoided));
   }
-  if (hasNewBindings_) XSync(display_.get(), False);
+  if (hasNewBindings_) {
+    XSync(display_.get(), False);
+    std::this_thread::sleep_for(timeToReadBindings);
+  }
   hasNewBindings_ = false;
   return keys;
 }
 
-KeyTypist::Binding& KeyTypist::bindingFor(unsigned long symbol, std::uint32_t previous) {
-  const auto isFree = [&](const Binding& binding) { return binding.scanCode != previous; };
+std::uint32_t KeyTypist::spareKeyFor(unsigned long symbol, std::uint32_t avoided) {
+  const auto mayServe = [&](const Binding& binding) { return binding.scanCode != avoided; };
   auto found = std::find_if(bindings_.begin(), bindings_.end(), [&](const Binding& binding) {
-    return binding.symbol == symbol && isFree(binding);
+    return binding.symbol == symbol && mayServe(binding);
   });
   if (found == bindings_.end()) {
     found = std::min_element(
         bindings_.begin(), bindings_.end(), [&](const Binding& a, const Binding& b) {
-          return std::pair(!isFree(a), a.lastUse) < std::pair(!isFree(b), b.lastUse);
+          return std::pair(!mayServe(a), a.lastUse) < std::pair(!mayServe(b), b.lastUse);
         });
     bind(*found, symbol);
   }
   found->lastUse = ++uses_;
-  return *found;
+  return found->scanCode;
 }
 
 void KeyTypist::bind(Binding& binding, unsigned long symbol) {

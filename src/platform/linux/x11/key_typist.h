@@ -9,9 +9,10 @@
 
 namespace mirvane {
 
-/// Types into whatever has the keyboard focus, through XTEST. Every character is typed by a key of
-/// its own that the layout leaves unused and that is bound to it first, so that neither the layout
-/// nor a held Shift nor Caps Lock changes it. The bindings stay until others need the keys:
+/// Types into whatever has the keyboard focus, through XTEST. A character is typed by the key that
+/// gives it just then, with the layout, the held modifiers and Caps Lock as they are, and that
+/// nobody is holding down. Where there is none, a key that the layout leaves unused is bound to the
+/// character. Bindings stay until others need the keys, and the commonest are made beforehand:
 /// applications read them late.
 class KeyTypist {
  public:
@@ -36,10 +37,12 @@ class KeyTypist {
   };
 
   void findUnusedKeys();
-  /// The keys that type the symbols, in order; consecutive ones differ, so that Bounce Keys takes
-  /// them for different keys.
-  [[nodiscard]] std::vector<std::uint32_t> keysFor(const std::vector<unsigned long>& symbols);
-  Binding& bindingFor(unsigned long symbol, std::uint32_t previous);
+  void bindEnglish();
+  /// The keys that type the symbols, in order. Where `consecutiveDiffer`, no key comes twice in a
+  /// row, so that Bounce Keys takes them for different keys.
+  [[nodiscard]] std::vector<std::uint32_t> keysFor(const std::vector<unsigned long>& symbols,
+                                                   bool consecutiveDiffer);
+  [[nodiscard]] std::uint32_t spareKeyFor(unsigned long symbol, std::uint32_t avoided);
   void bind(Binding& binding, unsigned long symbol);
   [[nodiscard]] bool isFocused(std::uint64_t window) const;
   bool typeAtOnce(std::uint64_t window, const std::vector<std::uint32_t>& keys,

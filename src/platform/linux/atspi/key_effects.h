@@ -1,0 +1,62 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+
+namespace mirvane {
+
+/// Which keys an application has dealt with already, told by the changes of text that it announces.
+/// An application that is behind announces the effects of earlier keys first: a change belongs to
+/// the earliest key that it fits.
+class KeyEffects {
+ public:
+  using Clock = std::chrono::steady_clock;
+  /// Names an application; the value has no other meaning.
+  using Application = const void*;
+  enum class Id : std::uint64_t {};
+
+  struct Change {
+    bool isInsertion = true;
+    std::string text;
+  };
+
+  /// A key has typed `text`: its effect is an insertion of just that text (a longer one has another
+  /// cause), or for U+007F a deletion. It may have been announced since the key was pressed.
+  [[nodiscard]] Id expect(Application application, std::string_view text,
+                          Clock::time_point pressedAt);
+
+  /// The application has announced a change, at `time`. The keys before the one it belongs to are
+  /// given up.
+  void note(Application application, Change change, Clock::time_point time);
+
+  /// Whether the effect of the key, or of a later one, was announced.
+  [[nodiscard]] bool isShown(Id id) const;
+
+  /// Gives up the application's keys pressed before `time`: they have had no effect.
+  void giveUp(Application application, Clock::time_point time);
+
+ private:
+  struct Key {
+    Id id{};
+    Application application = nullptr;
+    std::string text;
+    Clock::time_point pressedAt{};
+  };
+
+  struct EarlyChange {
+    Application application = nullptr;
+    Change change;
+    Clock::time_point time{};
+  };
+
+  [[nodiscard]] bool takeEarlyChange(const Key& key);
+
+  std::deque<Key> pending_;
+  std::deque<EarlyChange> early_;  ///< changes that fitted no key
+  std::uint64_t lastId_ = 0;
+};
+
+}  // namespace mirvane
