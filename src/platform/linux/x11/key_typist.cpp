@@ -10,6 +10,7 @@
 #include <array>
 #include <chrono>
 #include <thread>
+#include <tuple>
 
 #include "platform/linux/x11/desktop_window.h"
 #include "platform/linux/x11/key_controls.h"
@@ -193,10 +194,13 @@ std::uint32_t KeyTypist::spareKeyFor(unsigned long symbol, std::uint32_t avoided
     return binding.symbol == symbol && mayServe(binding);
   });
   if (found == bindings_.end()) {
-    found = std::min_element(
-        bindings_.begin(), bindings_.end(), [&](const Binding& a, const Binding& b) {
-          return std::pair(!mayServe(a), a.lastUse) < std::pair(!mayServe(b), b.lastUse);
-        });
+    // Those never used come first, those used longest ago next: an application may still have to
+    // read what a key of a moment ago meant.
+    const auto age = [&](const Binding& binding) {
+      return std::tuple(!mayServe(binding), binding.symbol != 0, binding.lastUse);
+    };
+    found = std::min_element(bindings_.begin(), bindings_.end(),
+                             [&](const Binding& a, const Binding& b) { return age(a) < age(b); });
     bind(*found, symbol);
   }
   found->lastUse = ++uses_;
