@@ -9,6 +9,7 @@ from itertools import cycle, islice
 
 import editor
 from keyboard import RIGHT_ALT
+from measure_window import percentile
 from physical_keyboard import KeyWitness, PhysicalKeyboard, find_xtest_keyboard
 from study import Study, set_accessibility
 
@@ -84,10 +85,6 @@ class Measurement:
         self._keyboard.up(RIGHT_ALT)
         time.sleep(0.1)
         return seconds
-
-
-def percentile(values, share):
-    return sorted(values)[min(len(values) - 1, int(len(values) * share))]
 
 
 def figures(times):
