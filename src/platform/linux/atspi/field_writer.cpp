@@ -56,12 +56,12 @@ bool FieldWriter::replace(const std::shared_ptr<TextField>& field, std::uint64_t
   if (outcome == Outcome::unknown) finishLater(field, replacement, mostAttempts);
   if (outcome != Outcome::unchanged) return outcome == Outcome::done;
   if (!field->isFocused()) return false;
-  bool isDone = false;
+  auto typed = Outcome::unchanged;
   input_.withKeysHeldBack([&] {
-    isDone = replaceSelected(*field, window, replacement) ||
-             replaceBackwards(*field, window, replacement);
+    typed = replaceSelected(*field, window, replacement);
+    if (typed == Outcome::unchanged) typed = replaceBackwards(*field, window, replacement);
   });
-  return isDone;
+  return typed == Outcome::done;
 }
 
 FieldWriter::Outcome FieldWriter::replaceEditable(const TextField& field,
@@ -96,27 +96,37 @@ void FieldWriter::finishLater(const std::shared_ptr<TextField>& field,
       attemptInterval);
 }
 
-bool FieldWriter::replaceSelected(const TextField& field, std::uint64_t window,
-                                  const Replacement& replacement) {
-  if (!typist_.canType() || !field.select(replacement.range)) return false;
+FieldWriter::Outcome FieldWriter::replaceSelected(const TextField& field, std::uint64_t window,
+                                                  const Replacement& replacement) {
+  if (!typist_.canType()) return Outcome::unchanged;
+  // Some editors delete what is selected, but type where the caret was.
+  field.setCaret(replacement.range.end);
+  if (!field.select(replacement.range)) return Outcome::unchanged;
   const auto isSelected = [&] { return field.isSelected(replacement.range); };
-  if (!await(isSelected, longestSelection)) return false;
+  if (!await(isSelected, longestSelection)) return Outcome::unchanged;
   // An empty text would leave the selection as it is.
   const std::int64_t deleteCount = replacement.text.empty() ? 1 : 0;
-  return typist_.type(window, deleteCount, replacement.text, 0) && awaitText(field, replacement);
+  return typeReplacement(field, window, replacement, deleteCount, replacement.text);
 }
 
-bool FieldWriter::replaceBackwards(const TextField& field, std::uint64_t window,
-                                   const Replacement& replacement) {
+FieldWriter::Outcome FieldWriter::replaceBackwards(const TextField& field, std::uint64_t window,
+                                                   const Replacement& replacement) {
   const auto caret = field.caret();
-  if (!typist_.canType() || !caret || *caret < replacement.range.end) return false;
-  if (*caret - replacement.range.end > longestTail) return false;
+  if (!typist_.canType() || !caret || *caret < replacement.range.end) return Outcome::unchanged;
+  if (*caret - replacement.range.end > longestTail) return Outcome::unchanged;
   const auto deleted = field.text({replacement.range.start, *caret});
   const auto tail = field.text({replacement.range.end, *caret});
-  if (!deleted || !tail || !deleted->starts_with(replacement.replaced)) return false;
-  const auto deleteCount = *caret - replacement.range.start;
-  return typist_.type(window, deleteCount, replacement.text + text::toUtf8(*tail), 0) &&
-         awaitText(field, replacement);
+  if (!deleted || !tail || !deleted->starts_with(replacement.replaced)) return Outcome::unchanged;
+  return typeReplacement(field, window, replacement, *caret - replacement.range.start,
+                         replacement.text + text::toUtf8(*tail));
+}
+
+/// Types, and waits until the field shows it.
+FieldWriter::Outcome FieldWriter::typeReplacement(const TextField& field, std::uint64_t window,
+                                                  const Replacement& replacement,
+                                                  std::int64_t deleteCount, std::string_view text) {
+  if (!typist_.type(window, deleteCount, text, 0)) return Outcome::unchanged;
+  return awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
 }
 
 bool FieldWriter::type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,

@@ -40,10 +40,13 @@ class FieldWriter {
   Outcome replaceEditable(const TextField& field, const Replacement& replacement);
   void finishLater(const std::shared_ptr<TextField>& field, const Replacement& replacement,
                    int attemptsLeft);
-  bool replaceSelected(const TextField& field, std::uint64_t window,
-                       const Replacement& replacement);
-  bool replaceBackwards(const TextField& field, std::uint64_t window,
-                        const Replacement& replacement);
+  Outcome replaceSelected(const TextField& field, std::uint64_t window,
+                          const Replacement& replacement);
+  Outcome replaceBackwards(const TextField& field, std::uint64_t window,
+                           const Replacement& replacement);
+  Outcome typeReplacement(const TextField& field, std::uint64_t window,
+                          const Replacement& replacement, std::int64_t deleteCount,
+                          std::string_view text);
 
   AccessibilityThread& thread_;
   DesktopInput& input_;

@@ -17,10 +17,16 @@ constexpr std::chrono::milliseconds longestSearch{150};
 
 constexpr std::chrono::milliseconds slowAnswer{180};
 constexpr std::chrono::milliseconds pauseLength{300};
+constexpr std::chrono::milliseconds trustInSurrounding{1000};
 
 bool hasState(AtspiAccessible* accessible, AtspiStateType state) {
   const GObjectPointer<AtspiStateSet> states(atspi_accessible_get_state_set(accessible));
   return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
+}
+
+bool takesText(AtspiAccessible* accessible) {
+  const GObjectPointer<AtspiText> text(atspi_accessible_get_text_iface(accessible));
+  return text != nullptr;
 }
 
 /// The focused element below `root`, by one question; null when there is none, absent when the
@@ -45,21 +51,32 @@ std::optional<Accessible> queryFocused(AtspiAccessible* root) {
   return found;
 }
 
-/// The same by looking at the elements one after the other.
+/// The same by looking at the elements one after the other. Some toolkits say of what surrounds the
+/// focused text, or of the current item of a list elsewhere, that it has the focus too: a text goes
+/// before what is none.
 class Walk {
  public:
+  /// `root` itself is not looked at.
   Accessible focusedBelow(AtspiAccessible* root) {
+    Accessible other;
+    auto text = focusedText(root, other);
+    return text != nullptr ? std::move(text) : std::move(other);
+  }
+
+ private:
+  Accessible focusedText(AtspiAccessible* root, Accessible& other) {
     const int count = atspi_accessible_get_child_count(root, nullptr);
     for (int i = 0; i < count && mayGoOn(); ++i) {
       Accessible child(atspi_accessible_get_child_at_index(root, i, nullptr));
       if (child == nullptr) continue;
-      if (hasState(child.get(), ATSPI_STATE_FOCUSED)) return child;
-      if (auto found = focusedBelow(child.get())) return found;
+      const bool isFocused = hasState(child.get(), ATSPI_STATE_FOCUSED);
+      if (isFocused && takesText(child.get())) return child;
+      if (auto found = focusedText(child.get(), other)) return found;
+      if (isFocused && other == nullptr) other = std::move(child);
     }
     return nullptr;
   }
 
- private:
   bool mayGoOn() { return ++elements_ < mostElements && Clock::now() < deadline_; }
 
   int elements_ = 0;
@@ -71,19 +88,25 @@ class Walk {
 std::shared_ptr<TextField> FocusFinder::find(int processId) {
   if (hasPause(processId)) return nullptr;
   const auto askedAt = Clock::now();
-  if (last_ && lastProcessId_ == processId && last_->isFocused()) return last_;
+  if (last_ && lastProcessId_ == processId && last_->isFocused() && mayTrustLast()) return last_;
   if (Clock::now() - askedAt > slowAnswer) {
     pause_ = {processId, Clock::now() + pauseLength};
     return nullptr;
   }
   auto* const application = applicationOf(processId);
   if (application == nullptr) return nullptr;
-  const bool isAnnounced = announced_ != nullptr &&
+  const bool isAnnounced = announced_ != nullptr && takesText(announced_.get()) &&
                            ATSPI_OBJECT(announced_.get())->app == ATSPI_OBJECT(application)->app &&
                            hasState(announced_.get(), ATSPI_STATE_FOCUSED);
   last_ = isAnnounced ? makeField(std::move(announced_)) : search(application);
+  searchedAt_ = Clock::now();
   lastProcessId_ = processId;
   return last_;
+}
+
+/// The text in a focused surrounding may come up only after it.
+bool FocusFinder::mayTrustLast() const {
+  return last_->hasText() || last_->isPassword() || Clock::now() < searchedAt_ + trustInSurrounding;
 }
 
 const void* FocusFinder::nameOf(int processId) {

@@ -34,6 +34,7 @@ class FocusFinder {
     std::chrono::steady_clock::time_point until{};
   };
 
+  [[nodiscard]] bool mayTrustLast() const;
   [[nodiscard]] bool hasPause(int processId) const;
   [[nodiscard]] AtspiAccessible* applicationOf(int processId);
   [[nodiscard]] std::shared_ptr<TextField> search(AtspiAccessible* application);
@@ -44,6 +45,7 @@ class FocusFinder {
   std::unordered_map<int, GObjectPointer<AtspiAccessible>> applications_;
   std::shared_ptr<TextField> last_;
   int lastProcessId_ = 0;
+  std::chrono::steady_clock::time_point searchedAt_{};
   Pause pause_;
   GObjectPointer<AtspiAccessible> announced_;
 };
