@@ -11,7 +11,6 @@ from gi.repository import GLib
 from keyboard import CONTROL
 from program import BUILD, Program, await_text, text_of, wait_for
 
-
 FOLDER = os.path.dirname(os.path.abspath(__file__))
 
 
@@ -21,7 +20,6 @@ class Editor(Program):
     complaints = subprocess.DEVNULL
     command = ()
     unit = "utf-32-le"  # of its offsets: characters or UTF-16 units
-
     environment = {}  # beside that of the desktop
 
     def __init__(self, text=""):
@@ -73,6 +71,7 @@ class Editor(Program):
 
     def select(self, before, selected):
         """This part of the text, which stands behind `before`."""
+        self.place_caret(before)  # Kate leaves it where it is
         start, end = self._length(before), self._length(before + selected)
         field = self.element.get_text_iface()
         with contextlib.suppress(GLib.Error):  # GTK 4 does it and does not answer
@@ -178,6 +177,7 @@ class WebPage(Editor):
 
 class Firefox(WebPage):
     command = ("firefox-esr", "--no-remote", "--new-instance")
+    unit = "utf-16-le"
 
     def text(self):
         return super().text().replace("\ufeff", "")  # stands behind signs of two UTF-16 units
