@@ -52,6 +52,8 @@ QIcon makeIcon() {
 int main(int argc, char** argv) {
   keepOffGlib();
   QApplication application(argc, argv);
+  // Programs that this one starts have their own main thread.
+  qunsetenv("QT_NO_GLIB");
   setIdentity();
   QApplication::setStyle(QStringLiteral("Fusion"));
   setFont();

@@ -1,5 +1,6 @@
 #include "platform/linux/other_applications.h"
 
+#include <algorithm>
 #include <atomic>
 #include <string>
 #include <utility>
@@ -9,6 +10,7 @@
 #include "platform/linux/atspi/field_writer.h"
 #include "platform/linux/atspi/focus_watch.h"
 #include "platform/linux/atspi/remote_text_element.h"
+#include "platform/linux/delivery_queue.h"
 #include "platform/linux/key_identity.h"
 #include "platform/linux/x11/desktop_input.h"
 #include "platform/linux/x11/key_typist.h"
@@ -25,7 +27,7 @@ InputEvent inputEventOf(const WatchedKey& key) {
           key.text,
           key.modifierFlags,
           key.timestamp,
-          key.userData};
+          0};
 }
 
 /// When the key was pressed: the X server's clock is the system's.
@@ -35,26 +37,28 @@ FocusWatch::Clock::time_point pressTimeOf(const WatchedKey& key) {
 }
 
 /// The text whose appearance shows that the application has dealt with the key; absent for keys
-/// that type none.
+/// that need not type any.
 std::optional<std::string> effectOf(const WatchedKey& key) {
-  const bool isCommand = (key.modifierFlags & commandModifiers) != 0;
-  return key.isDown && !key.isOwn && !isCommand ? key.text : std::nullopt;
+  if (!key.isDown || !key.text || (key.modifierFlags & commandModifiers) != 0) return std::nullopt;
+  const bool isControl = static_cast<unsigned char>(key.text->front()) < ' ';
+  if (isControl && key.text != "\r") return std::nullopt;
+  return key.text;
 }
 
 /// Gathers the keys of one replacement.
 class RemoteKeySource : public KeyEventSource {
  public:
-  using Type =
-      std::function<void(std::int64_t deleteCount, const std::string& text, std::int64_t userData)>;
+  using Type = std::function<void(std::int64_t deleteCount, const std::string& text)>;
 
   explicit RemoteKeySource(Type type) : type_(std::move(type)) {}
   RemoteKeySource(const RemoteKeySource&) = delete;
   RemoteKeySource& operator=(const RemoteKeySource&) = delete;
   ~RemoteKeySource() override {
-    if (deleteCount_ > 0 || !text_.empty()) type_(deleteCount_, text_, userData_);
+    if (deleteCount_ > 0 || !text_.empty()) type_(deleteCount_, text_);
   }
 
-  void setUserData(std::int64_t userData) override { userData_ = userData; }
+  /// Of no use here: own keys are known when they come back, and not reported at all.
+  void setUserData(std::int64_t /*userData*/) override {}
 
   void post(const SynthesizedKey& key) override {
     if (!key.isDown) return;
@@ -66,14 +70,27 @@ class RemoteKeySource : public KeyEventSource {
   Type type_;
   std::int64_t deleteCount_ = 0;
   std::string text_;
-  std::int64_t userData_ = 0;
 };
+
+/// The line end that fields hold, for the one that keys type.
+std::u16string asInFields(std::string_view typed) {
+  auto text = text::toUtf16(typed);
+  std::replace(text.begin(), text.end(), u'\r', u'\n');
+  return text;
+}
+
+/// Whether Backspaces may take this back without a look: in a chat it may have been sent, in a form
+/// the focus may be elsewhere.
+bool mayBeTakenBackBlindly(const std::u16string& text) {
+  return !text.empty() && text.back() != u'\n' && text.back() != u'\t';
+}
 
 }  // namespace
 
 class OtherApplications::Implementation {
  public:
-  explicit Implementation(QtTaskQueue& tasks) : tasks_(tasks), link_(thread_), watch_(thread_) {}
+  explicit Implementation(QtTaskQueue& tasks)
+      : tasks_(tasks), deliveries_(tasks), link_(thread_), watch_(thread_) {}
 
   Implementation(const Implementation&) = delete;
   Implementation& operator=(const Implementation&) = delete;
@@ -81,12 +98,14 @@ class OtherApplications::Implementation {
   ~Implementation() {
     (void)thread_.ask<bool>(
         [this] {
-          if (input_) watch_.stop();
+          watch_.stop();
           return true;
         },
         longestWait);
     thread_.stop();
     input_.reset();
+    // They hold fields, which the thread would have to let go of.
+    tasks_.drop();
   }
 
   bool connect() {
@@ -139,19 +158,18 @@ class OtherApplications::Implementation {
   }
 
   [[nodiscard]] std::unique_ptr<KeyEventSource> createSource(std::string_view textBeforeCaret) {
-    if (!window_ || window_->isOwn) return nullptr;
-    const auto mayType = link_.ask<bool>(
-        [this, processId = window_->processId, expected = text::toUtf16(textBeforeCaret)] {
-          return typist_->canType() && mayStandBeforeCaret(processId, expected);
+    if (!window_ || window_->isOwn || !mayType_) return nullptr;
+    const auto mayType = [this, processId = window_->processId,
+                          expected = asInFields(textBeforeCaret)] {
+      return typist_->canType() && mayStandBeforeCaret(processId, expected);
+    };
+    if (!link_.ask<bool>(mayType).value_or(false)) return nullptr;
+    return std::make_unique<RemoteKeySource>(
+        [this, window = window_->id, mayType](std::int64_t deleteCount, const std::string& text) {
+          thread_.post([this, window, mayType, deleteCount, text] {
+            writer_->type(window, deleteCount, text, mayType);
+          });
         });
-    if (!mayType.value_or(false)) return nullptr;
-    return std::make_unique<RemoteKeySource>([this, window = window_->id](std::int64_t deleteCount,
-                                                                          const std::string& text,
-                                                                          std::int64_t userData) {
-      thread_.post([this, window, deleteCount, text, userData] {
-        writer_->type(window, deleteCount, text, userData);
-      });
-    });
   }
 
  private:
@@ -161,20 +179,34 @@ class OtherApplications::Implementation {
     auto context = contextOf(key, pressedAt);
     isSecure_ = watch_.isSecure();
     if (context.isSecure) {
+      hasMissedKeys_ = true;
       if (key.isHolding) input_->giveBack();
       return;
     }
+    const bool mayCorrect = !hasMissedKeys_;
+    // What the engine has in mind belongs to the word before the missed keys, until it has heard of
+    // the one that is being typed.
+    if (hasMissedKeys_ && key.key.isDown) {
+      hasMissedKeys_ = key.isHolding;
+      if (key.isHolding) context.content.reset();
+    }
     // std::function wants what it holds to be copyable.
     auto shared = std::make_shared<KeyContext>(std::move(context));
-    tasks_.post(lifetime_.guard([this, key, shared] { deliver(key, std::move(*shared)); }));
+    tasks_.post(lifetime_.guard([this, key, shared, mayCorrect] {
+      deliveries_.add({[this, key, shared, mayCorrect] {
+                         mayType_ = mayCorrect;
+                         begin(key, std::move(*shared));
+                       },
+                       [this, isHolding = key.isHolding] { end(isHolding); }});
+    }));
   }
 
   [[nodiscard]] KeyContext contextOf(const DesktopKey& key,
                                      FocusWatch::Clock::time_point pressedAt) {
     KeyContext context;
     context.isSecure = key.window.isTerminal || watch_.wasSecure(pressedAt);
-    // Releases and own keys change nothing that anybody asks about.
-    if (context.isSecure || !key.key.isDown || key.key.isOwn) return context;
+    // Releases change nothing that anybody asks about.
+    if (context.isSecure || !key.key.isDown) return context;
     return watch_.contextOfKey(key.window.processId, effectOf(key.key), pressedAt);
   }
 
@@ -182,13 +214,14 @@ class OtherApplications::Implementation {
     InputEvent press;
     press.kind = EventMask::pointerDown;
     press.timestamp = timestamp;
-    tasks_.post(lifetime_.guard([this, press] { report(press); }));
+    tasks_.post(lifetime_.guard([this, press] {
+      deliveries_.add({[this, press] { report(press); }, [] {}});
+    }));
   }
 
   void handleActivation(const DesktopWindow& window) {
     tasks_.post(lifetime_.guard([this, window] {
-      window_ = window;
-      if (!window.isOwn && onActivation_) onActivation_();
+      deliveries_.add({[this, window] { activate(window); }, [] {}});
     }));
     // The first look at an application takes longest: before its first key.
     if (!window.isOwn && !window.isTerminal) (void)watch_.focusedField(window.processId);
@@ -201,7 +234,10 @@ class OtherApplications::Implementation {
     if (isSecure_) return false;
     const auto content = field ? field->read() : std::nullopt;
     // What does not answer may hold anything.
-    if (!content) return field ? !field->hasText() : !watch_.isAccessible(processId);
+    if (!content) {
+      const bool isBlind = field ? !field->hasText() : !watch_.isAccessible(processId);
+      return isBlind && mayBeTakenBackBlindly(expected);
+    }
     const auto length = static_cast<std::int64_t>(expected.size());
     return content->selection.length == 0 &&
            content->text.text({content->selection.location - length, length}) == expected;
@@ -209,21 +245,24 @@ class OtherApplications::Implementation {
 
   // On the main thread.
 
-  void deliver(const DesktopKey& key, KeyContext context) {
+  void begin(const DesktopKey& key, KeyContext context) {
     window_ = key.window;
     if (context.content) link_.unmute();
     element_ = elementFor(std::move(context), key.window.id);
     isInKey_ = true;
     report(inputEventOf(key.key));
-    // Behind what the handlers have queued.
-    tasks_.post(lifetime_.guard([this, isHolding = key.isHolding] { finish(isHolding); }));
   }
 
-  void finish(bool isHolding) {
+  void end(bool isHolding) {
     isInKey_ = false;
     element_.reset();
     // Behind the keys that are to be typed first.
     if (isHolding) thread_.post([this] { input_->giveBack(); });
+  }
+
+  void activate(const DesktopWindow& window) {
+    window_ = window;
+    if (!window.isOwn && onActivation_) onActivation_();
   }
 
   void report(const InputEvent& event) const {
@@ -239,6 +278,7 @@ class OtherApplications::Implementation {
   }
 
   QtTaskQueue& tasks_;
+  DeliveryQueue deliveries_;
   PostedKeys posted_;
   AccessibilityThread thread_;
   AccessibilityLink link_;
@@ -253,6 +293,10 @@ class OtherApplications::Implementation {
   bool isInKey_ = false;
   std::shared_ptr<RemoteTextElement> element_;
   std::atomic<bool> isSecure_ = false;
+  /// Of the accessibility thread: keys were dropped, and no word has been begun since.
+  bool hasMissedKeys_ = false;
+  /// Of the main thread: the key at hand follows the ones that were reported before it.
+  bool mayType_ = true;
   Lifetime lifetime_;
 };
 

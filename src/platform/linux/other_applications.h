@@ -1,10 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 #include "platform/accessibility.h"
 #include "platform/event_monitors.h"

@@ -29,6 +29,10 @@ void QtTaskQueue::runPending() {
   QCoreApplication::sendPostedEvents(this, taskType);
 }
 
+void QtTaskQueue::drop() {
+  QCoreApplication::removePostedEvents(this, taskType);
+}
+
 bool QtTaskQueue::event(QEvent* event) {
   if (event->type() != taskType) return QObject::event(event);
   static_cast<const TaskEvent*>(event)->run();

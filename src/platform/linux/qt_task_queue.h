@@ -19,6 +19,9 @@ class QtTaskQueue : public QObject, public TaskQueue {
   /// fast they come.
   void runPending();
 
+  /// Forgets what is waiting.
+  void drop();
+
   bool event(QEvent* event) override;
 };
 

@@ -2,6 +2,8 @@
 
 #include <atspi/atspi.h>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace mirvane {
@@ -44,6 +46,14 @@ void AccessibilityThread::stop() {
   }
   wakeUp();
   thread_.join();
+  // What the dropped ones hold may want to post in its turn, which does nothing any more.
+  decltype(tasks_) dropped;
+  {
+    const std::lock_guard lock(mutex_);
+    dropped.swap(tasks_);
+    std::move(calls_.begin(), calls_.end(), std::back_inserter(dropped));
+    calls_.clear();
+  }
 }
 
 void AccessibilityThread::wakeUp() {
@@ -53,6 +63,7 @@ void AccessibilityThread::wakeUp() {
 void AccessibilityThread::post(std::function<void()> task) {
   {
     const std::lock_guard lock(mutex_);
+    if (!isRunning_) return;
     tasks_.push_back(std::move(task));
   }
   wakeUp();
@@ -68,6 +79,7 @@ void AccessibilityThread::postLater(std::function<void()> task, std::chrono::mil
 void AccessibilityThread::call(std::function<void()> question) {
   {
     const std::lock_guard lock(mutex_);
+    if (!isRunning_) return;
     calls_.push_back(std::move(question));
   }
   wakeUp();

@@ -56,10 +56,19 @@ bool FieldWriter::replace(const std::shared_ptr<TextField>& field, std::uint64_t
   if (outcome == Outcome::unknown) finishLater(field, replacement, mostAttempts);
   if (outcome != Outcome::unchanged) return outcome == Outcome::done;
   if (!field->isFocused()) return false;
+  const auto caret = field->caret();
+  if (!caret || !typist_.canType()) return false;
   auto typed = Outcome::unchanged;
   input_.withKeysHeldBack([&] {
     typed = replaceSelected(*field, window, replacement);
-    if (typed == Outcome::unchanged) typed = replaceBackwards(*field, window, replacement);
+    if (typed == Outcome::unchanged) {
+      field->setCaret(*caret);
+      typed = replaceBackwards(*field, window, replacement);
+    } else if (*caret >= replacement.range.end) {
+      // Where it was, behind what ended the word: what the participant types next goes there.
+      const auto oldLength = replacement.range.end - replacement.range.start;
+      field->setCaret(*caret + field->lengthOf(replacement.text) - oldLength);
+    }
   });
   return typed == Outcome::done;
 }
@@ -98,7 +107,6 @@ void FieldWriter::finishLater(const std::shared_ptr<TextField>& field,
 
 FieldWriter::Outcome FieldWriter::replaceSelected(const TextField& field, std::uint64_t window,
                                                   const Replacement& replacement) {
-  if (!typist_.canType()) return Outcome::unchanged;
   // Some editors delete what is selected, but type where the caret was.
   field.setCaret(replacement.range.end);
   if (!field.select(replacement.range)) return Outcome::unchanged;
@@ -112,7 +120,7 @@ FieldWriter::Outcome FieldWriter::replaceSelected(const TextField& field, std::u
 FieldWriter::Outcome FieldWriter::replaceBackwards(const TextField& field, std::uint64_t window,
                                                    const Replacement& replacement) {
   const auto caret = field.caret();
-  if (!typist_.canType() || !caret || *caret < replacement.range.end) return Outcome::unchanged;
+  if (!caret || *caret < replacement.range.end) return Outcome::unchanged;
   if (*caret - replacement.range.end > longestTail) return Outcome::unchanged;
   const auto deleted = field.text({replacement.range.start, *caret});
   const auto tail = field.text({replacement.range.end, *caret});
@@ -125,15 +133,15 @@ FieldWriter::Outcome FieldWriter::replaceBackwards(const TextField& field, std::
 FieldWriter::Outcome FieldWriter::typeReplacement(const TextField& field, std::uint64_t window,
                                                   const Replacement& replacement,
                                                   std::int64_t deleteCount, std::string_view text) {
-  if (!typist_.type(window, deleteCount, text, 0)) return Outcome::unchanged;
+  if (!typist_.type(window, deleteCount, text)) return Outcome::unchanged;
   return awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
 }
 
 bool FieldWriter::type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
-                       std::int64_t userData) {
+                       const std::function<bool()>& mayType) {
   bool isTyped = false;
   input_.withKeysHeldBack([&] {
-    if (typist_.canType()) isTyped = typist_.type(window, deleteCount, text, userData);
+    if (typist_.canType() && mayType()) isTyped = typist_.type(window, deleteCount, text);
   });
   return isTyped;
 }

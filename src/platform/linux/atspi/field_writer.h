@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -31,8 +32,9 @@ class FieldWriter {
                const Replacement& replacement);
 
   /// Types Backspaces and `text` into the window, and keeps the participant's keys behind them.
+  /// `mayType` is asked once no key can come in between any more.
   bool type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
-            std::int64_t userData);
+            const std::function<bool()>& mayType);
 
  private:
   enum class Outcome { done, unchanged, unknown };

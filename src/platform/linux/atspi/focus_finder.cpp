@@ -86,22 +86,28 @@ class Walk {
 }  // namespace
 
 std::shared_ptr<TextField> FocusFinder::find(int processId) {
-  if (hasPause(processId)) return nullptr;
+  if (isUnanswered(processId)) return nullptr;
   const auto askedAt = Clock::now();
-  if (last_ && lastProcessId_ == processId && last_->isFocused() && mayTrustLast()) return last_;
-  if (Clock::now() - askedAt > slowAnswer) {
-    pause_ = {processId, Clock::now() + pauseLength};
-    return nullptr;
-  }
+  const bool isKnown = last_ && lastProcessId_ == processId && last_->isFocused();
+  if (isKnown && mayTrustLast()) return last_;
+  if (Clock::now() - askedAt < slowAnswer) last_ = findAnew(processId);
+  lastProcessId_ = processId;
+  if (Clock::now() - askedAt < slowAnswer) return last_;
+  // Whether there is a focused element could not be found out.
+  pause_ = {processId, Clock::now() + pauseLength};
+  last_.reset();
+  return nullptr;
+}
+
+std::shared_ptr<TextField> FocusFinder::findAnew(int processId) {
   auto* const application = applicationOf(processId);
   if (application == nullptr) return nullptr;
-  const bool isAnnounced = announced_ != nullptr && takesText(announced_.get()) &&
-                           ATSPI_OBJECT(announced_.get())->app == ATSPI_OBJECT(application)->app &&
-                           hasState(announced_.get(), ATSPI_STATE_FOCUSED);
-  last_ = isAnnounced ? makeField(std::move(announced_)) : search(application);
   searchedAt_ = Clock::now();
-  lastProcessId_ = processId;
-  return last_;
+  const bool isAnnounced = announced_ != nullptr &&
+                           ATSPI_OBJECT(announced_.get())->app == ATSPI_OBJECT(application)->app &&
+                           takesText(announced_.get()) &&
+                           hasState(announced_.get(), ATSPI_STATE_FOCUSED);
+  return isAnnounced ? makeField(std::move(announced_)) : search(application);
 }
 
 /// The text in a focused surrounding may come up only after it.
@@ -114,8 +120,14 @@ const void* FocusFinder::nameOf(int processId) {
   return application != nullptr ? ATSPI_OBJECT(application)->app : nullptr;
 }
 
-bool FocusFinder::hasPause(int processId) const {
+bool FocusFinder::isUnanswered(int processId) const {
   return pause_.processId == processId && Clock::now() < pause_.until;
+}
+
+void FocusFinder::clear() {
+  last_.reset();
+  announced_.reset();
+  applications_.clear();
 }
 
 void FocusFinder::noteFocused(AtspiAccessible* accessible) {
@@ -146,6 +158,8 @@ AtspiAccessible* FocusFinder::applicationOf(int processId) {
 
 std::shared_ptr<TextField> FocusFinder::search(AtspiAccessible* application) {
   const int count = atspi_accessible_get_child_count(application, nullptr);
+  // It has gone, or has come back under another name.
+  if (count < 0) applications_.clear();
   for (int i = 0; i < count; ++i) {
     const Accessible window(atspi_accessible_get_child_at_index(application, i, nullptr));
     if (window == nullptr || !hasState(window.get(), ATSPI_STATE_ACTIVE)) continue;

@@ -20,6 +20,12 @@ class FocusFinder {
   /// not answer. What was found is asked first the next time.
   [[nodiscard]] std::shared_ptr<TextField> find(int processId);
 
+  /// Whether the process has just let a question go unanswered.
+  [[nodiscard]] bool isUnanswered(int processId) const;
+
+  /// Forgets everything.
+  void clear();
+
   /// Names the process among those that take part in accessibility, responsive or not; null when it
   /// does not. Elements of the process have the same name as their `TextField::application`.
   [[nodiscard]] const void* nameOf(int processId);
@@ -34,8 +40,8 @@ class FocusFinder {
     std::chrono::steady_clock::time_point until{};
   };
 
+  [[nodiscard]] std::shared_ptr<TextField> findAnew(int processId);
   [[nodiscard]] bool mayTrustLast() const;
-  [[nodiscard]] bool hasPause(int processId) const;
   [[nodiscard]] AtspiAccessible* applicationOf(int processId);
   [[nodiscard]] std::shared_ptr<TextField> search(AtspiAccessible* application);
 

@@ -11,6 +11,9 @@ namespace mirvane {
 namespace {
 
 constexpr std::chrono::milliseconds longestEffect{150};
+/// How long the caret may stay behind a change that was announced.
+constexpr std::chrono::milliseconds longestLag{30};
+constexpr std::chrono::milliseconds lookAgain{4};
 /// The effect of a key that an application which answers has not shown by then does not come.
 constexpr std::chrono::milliseconds longestDelay{500};
 /// An application that shows no effect of so many keys is not waited for until it shows one.
@@ -43,6 +46,8 @@ void FocusWatch::start() {
 }
 
 void FocusWatch::stop() {
+  finder_.clear();
+  if (listener_ == nullptr) return;
   for (const char* const type : eventTypes) {
     atspi_event_listener_deregister(listener_, type, nullptr);
   }
@@ -95,6 +100,7 @@ std::shared_ptr<TextField> FocusWatch::focusedField(int processId) {
   auto field = finder_.find(processId);
   // An application that does not answer may still have its password field in front.
   if (field) {
+    field->lookAtRole();
     setSecure(field->isPassword() || field->isTerminal());
   } else {
     lastUnanswered_ = Clock::now();
@@ -110,16 +116,30 @@ KeyContext FocusWatch::contextOfKey(int processId, const std::optional<std::stri
   auto field = focusedField(processId);
   // The last key of a password may have moved the focus on.
   if (wasSecure(pressedAt)) return {true, nullptr, std::nullopt};
-  if (!field) return {};
+  // What does not answer may have a password field in front.
+  if (!field) return {finder_.isUnanswered(processId), nullptr, std::nullopt};
   const bool hasEffect = !key || awaitEffect(application, *key);
   // A key may have moved the focus, to a password field too.
   if (!field->isFocused()) field = focusedField(processId);
   if (isSecure_) return {true, nullptr, std::nullopt};
   // An application that is behind with its keys has an old text, which must not be corrected.
   if (!field || (!hasEffect && announcing_.contains(application))) return {false, field, {}};
-  auto content = field->read();
+  auto content = text ? readBehind(*field, *text) : field->read();
   if (content && !hasEffect && !endsWith(*content, *text)) content.reset();
   return {false, std::move(field), std::move(content)};
+}
+
+/// The text, once the caret stands behind what was typed: some applications announce a change
+/// before they show it themselves.
+std::optional<FieldContent> FocusWatch::readBehind(const TextField& field,
+                                                   const std::string& typed) {
+  const auto deadline = Clock::now() + longestLag;
+  auto content = field.read();
+  while (content && !endsWith(*content, typed) && Clock::now() < deadline) {
+    thread_.waitUntil([] { return false; }, Clock::now() + lookAgain);
+    content = field.read();
+  }
+  return content;
 }
 
 KeyEffects::Id FocusWatch::expectEffect(KeyEffects::Application application,

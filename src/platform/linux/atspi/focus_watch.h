@@ -34,6 +34,7 @@ class FocusWatch {
 
   /// Listens to the applications.
   void start();
+  /// Also lets go of all that is known of them. Nothing may be asked afterwards.
   void stop();
 
   /// Waits until the application has done what a key does that types `text`, for 150 ms at
@@ -61,6 +62,8 @@ class FocusWatch {
   void noteFocus(const AtspiEvent& event);
   [[nodiscard]] bool isOwn(AtspiAccessible* accessible);
   void setSecure(bool isSecure);
+  [[nodiscard]] std::optional<FieldContent> readBehind(const TextField& field,
+                                                       const std::string& typed);
   [[nodiscard]] KeyEffects::Id expectEffect(KeyEffects::Application application,
                                             const std::string& text, Clock::time_point pressedAt);
   [[nodiscard]] bool awaitEffect(KeyEffects::Application application, KeyEffects::Id key);

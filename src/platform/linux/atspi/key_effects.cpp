@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/scalars.h"
+
 namespace mirvane {
 namespace {
 
@@ -12,7 +14,9 @@ bool isEffect(const KeyEffects::Change& change, std::string_view typed) {
   if (typed == "\x7F") return !change.isInsertion;
   // An editor may indent the new line as well.
   if (typed == "\r") return change.isInsertion && change.text.starts_with('\n');
-  return change.isInsertion && change.text == typed;
+  if (!change.isInsertion) return false;
+  // Qt announces the whole paragraph anew for a letter composed by its input method.
+  return change.text == typed || (!text::isAscii(typed) && change.text.ends_with(typed));
 }
 
 }  // namespace

@@ -55,7 +55,8 @@ void RemoteTextElement::setSelectedTextRange(Utf16Range range) {
   const auto caret = inField(range).start;
   isStale_ = true;
   (void)services_.link.ask<bool>([field = field_, caret] {
-    if (field->caret() != caret) field->setCaret(caret);
+    // Never back over what has been typed since.
+    if (field->caret().value_or(caret) < caret) field->setCaret(caret);
     return true;
   });
 }

@@ -29,7 +29,12 @@ class TextField {
   explicit TextField(GObjectPointer<AtspiAccessible> accessible);
 
   [[nodiscard]] bool isFocused() const;
-  [[nodiscard]] bool isPassword() const { return role_ == ATSPI_ROLE_PASSWORD_TEXT; }
+  /// As of the last look; true as well when the application did not say. A field may become one
+  /// for a password while it has the focus.
+  [[nodiscard]] bool isPassword() const {
+    return role_ == ATSPI_ROLE_PASSWORD_TEXT || role_ == ATSPI_ROLE_INVALID;
+  }
+  void lookAtRole() { role_ = atspi_accessible_get_role(accessible_.get(), nullptr); }
   [[nodiscard]] bool isTerminal() const { return role_ == ATSPI_ROLE_TERMINAL; }
 
   /// Whether its text may be read, should the application answer.

@@ -28,14 +28,11 @@ namespace {
 constexpr double millisecondsPerSecond = 1000.0;
 /// The longest time for which keys wait when nobody gives them back.
 constexpr double longestHold = 250.0;  // ms
-
-/// Windows come and go while they are asked about; an answer that never comes is answer enough.
-int ignoreError(Display*, XErrorEvent*) {
-  return 0;
-}
+/// The same while text is typed into an application, which may hang meanwhile.
+constexpr double longestTyping = 600.0;  // ms
 
 bool endsWord(const WatchedKey& key) {
-  return key.isDown && !key.isOwn && key.text && text::isBoundaryKeyText(*key.text);
+  return key.isDown && key.text && text::isBoundaryKeyText(*key.text);
 }
 
 }  // namespace
@@ -85,11 +82,15 @@ class DesktopInput::Thread {
     done.get_future().wait();
   }
 
-  KeyboardHold& hold() { return hold_; }
-
   void holdBackForTyping() {
     hold_.holdBack();
+    typingSince_ = KeyboardWatch::serverMilliseconds();
     if (const auto repeating = watch_.stopRepeating()) hold_.endRepeat(*repeating);
+  }
+
+  void endHoldForTyping() {
+    if (typingSince_) hold_.giveBack();
+    typingSince_.reset();
   }
 
   void endHold() {
@@ -106,6 +107,7 @@ class DesktopInput::Thread {
       const double now = KeyboardWatch::serverMilliseconds();
       watch_.reportDueRepeats(now);
       if (holdingSince_ && now - *holdingSince_ > longestHold) endHold();
+      if (typingSince_ && now - *typingSince_ > longestTyping) endHoldForTyping();
       waitForWork();
     }
     endHold();
@@ -123,10 +125,11 @@ class DesktopInput::Thread {
   /// -1 when nothing is due.
   [[nodiscard]] int millisecondsToNextDeadline() const {
     auto due = watch_.repeatDueTime();
-    if (holdingSince_) {
-      const double endsAt = *holdingSince_ + longestHold;
-      due = due ? std::min(*due, endsAt) : endsAt;
-    }
+    const auto consider = [&](std::optional<double> since, double longest) {
+      if (since) due = std::min(due.value_or(*since + longest), *since + longest);
+    };
+    consider(holdingSince_, longestHold);
+    consider(typingSince_, longestTyping);
     if (!due) return -1;
     const double left = std::ceil(*due - KeyboardWatch::serverMilliseconds());
     return static_cast<int>(std::clamp(left, 0.0, longestHold));
@@ -191,7 +194,7 @@ class DesktopInput::Thread {
       return;
     }
     // Releases tell nothing that is typed.
-    if (key.isDown && !key.isOwn && hold_.isKeyboardTaken()) return;
+    if (key.isDown && hold_.isKeyboardTaken()) return;
     const bool isHolding = endsWord(key) && !window->isTerminal;
     if (isHolding) startHold();
     callbacks_.onKey({key, *window, isHolding});
@@ -210,6 +213,7 @@ class DesktopInput::Thread {
   unsigned long activeWindowAtom_ = 0;
   std::uint64_t activeWindowId_ = 0;
   std::optional<double> holdingSince_;  ///< ms, for the sake of a key that ends a word
+  std::optional<double> typingSince_;   ///< ms, while text is typed
   std::atomic<bool> isWatching_ = false;
   bool isRunning_ = true;
   std::mutex mutex_;
@@ -221,7 +225,6 @@ std::unique_ptr<DesktopInput> DesktopInput::start(PostedKeys& posted, Callbacks 
   auto display = openXDisplay();
   auto holdDisplay = openXDisplay();
   if (display == nullptr || holdDisplay == nullptr) return nullptr;
-  XSetErrorHandler(ignoreError);
   return std::unique_ptr<DesktopInput>(new DesktopInput(std::make_unique<Thread>(
       std::move(display), std::move(holdDisplay), posted, std::move(callbacks))));
 }
@@ -241,7 +244,7 @@ void DesktopInput::giveBack() {
 void DesktopInput::withKeysHeldBack(const std::function<void()>& type) {
   thread_->runAndWait([this] { thread_->holdBackForTyping(); });
   type();
-  thread_->runAndWait([this] { thread_->hold().giveBack(); });
+  thread_->runAndWait([this] { thread_->endHoldForTyping(); });
 }
 
 }  // namespace mirvane

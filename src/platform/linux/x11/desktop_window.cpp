@@ -14,33 +14,27 @@
 namespace mirvane {
 namespace {
 
-constexpr std::array<std::string_view, 40> terminals{"alacritty",
-                                                     "aterm",
+/// Terminals, and windows in which another desktop shows whatever it shows.
+constexpr std::array<std::string_view, 36> terminals{"alacritty",
                                                      "blackbox",
                                                      "contour",
-                                                     "cool-retro-term",
-                                                     "deepin-terminal",
-                                                     "eterm",
                                                      "foot",
                                                      "ghostty",
-                                                     "gnome-terminal",
                                                      "gnome-terminal-server",
                                                      "guake",
+                                                     "hyper",
                                                      "kgx",
                                                      "kitty",
                                                      "konsole",
-                                                     "lilyterm",
-                                                     "lxterminal",
-                                                     "mate-terminal",
-                                                     "mlterm",
                                                      "org.gnome.console",
                                                      "org.gnome.ptyxis",
                                                      "org.kde.konsole",
+                                                     "org.kde.yakuake",
+                                                     "org.remmina.remmina",
                                                      "org.wezfurlong.wezterm",
-                                                     "io.elementary.terminal",
                                                      "ptyxis",
-                                                     "qterminal",
-                                                     "roxterm",
+                                                     "putty",
+                                                     "remmina",
                                                      "rxvt",
                                                      "sakura",
                                                      "st",
@@ -49,10 +43,13 @@ constexpr std::array<std::string_view, 40> terminals{"alacritty",
                                                      "terminator",
                                                      "terminology",
                                                      "termit",
+                                                     "tilda",
                                                      "tilix",
                                                      "urxvt",
-                                                     "xfce4-terminal",
-                                                     "xterm",
+                                                     "virt-viewer",
+                                                     "vncviewer",
+                                                     "warp",
+                                                     "xfreerdp",
                                                      "yakuake"};
 
 struct FreeX {
@@ -134,7 +131,9 @@ bool isTerminalClass(const std::string& windowClass) {
   std::string name = windowClass;
   std::transform(name.begin(), name.end(), name.begin(),
                  [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-  return std::find(terminals.begin(), terminals.end(), name) != terminals.end();
+  // Most others are called so: uxterm, mlterm, pterm, blackbox-terminal.
+  const bool isNamedSo = name.ends_with("term") || name.ends_with("terminal");
+  return isNamedSo || std::find(terminals.begin(), terminals.end(), name) != terminals.end();
 }
 
 std::optional<DesktopWindow> activeWindow(_XDisplay* display) {

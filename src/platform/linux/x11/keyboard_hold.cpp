@@ -4,11 +4,8 @@
 #include <X11/extensions/XInput2.h>
 #include <X11/extensions/XTest.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <string_view>
-#include <thread>
 
 #include "platform/linux/x11/key_controls.h"
 #include "platform/linux/x11/keyboard_watch.h"
@@ -33,6 +30,8 @@ KeyboardHold::KeyboardHold(XDisplay display, PostedKeys& posted)
 }
 
 void KeyboardHold::reloadKeyboards() {
+  // While they are held back they do not show as keyboards.
+  if (!grabbed_.empty()) return;
   keyboards_.clear();
   int count = 0;
   XIDeviceInfo* const devices = XIQueryDevice(display_.get(), XIAllDevices, &count);
@@ -46,28 +45,38 @@ bool KeyboardHold::isKeyboardTaken() const {
   // A grab for a time to come is never made, but the server looks for other grabs first.
   constexpr double oneHour = 3'600'000;  // ms
   const auto later = static_cast<Time>(KeyboardWatch::serverMilliseconds() + oneHour);
-  return XGrabKeyboard(display_.get(), DefaultRootWindow(display_.get()), False, GrabModeAsync,
-                       GrabModeAsync, later & 0xFFFFFFFF) == AlreadyGrabbed;
+  const int status = XGrabKeyboard(display_.get(), DefaultRootWindow(display_.get()), False,
+                                   GrabModeAsync, GrabModeAsync, later & 0xFFFFFFFF);
+  // A server whose clock is far ahead of ours makes the grab after all.
+  if (status == GrabSuccess) XUngrabKeyboard(display_.get(), CurrentTime);
+  return status == AlreadyGrabbed;
 }
 
 void KeyboardHold::holdBack() {
   if (depth_++ > 0) return;
+  const auto controls = readKeyControls(display_.get());
+  if (controls.isSlowKeysOn || controls.isBounceKeysOn) return;
   std::array<unsigned char, XIMaskLen(XI_LASTEVENT)> bits{};
   XISetMask(bits.data(), XI_KeyPress);
   XISetMask(bits.data(), XI_KeyRelease);
   for (const int keyboard : keyboards_) {
     XIEventMask mask{keyboard, static_cast<int>(bits.size()), bits.data()};
-    XIGrabDevice(display_.get(), keyboard, DefaultRootWindow(display_.get()), CurrentTime, None,
-                 XIGrabModeAsync, XIGrabModeAsync, False, &mask);
+    const int status =
+        XIGrabDevice(display_.get(), keyboard, DefaultRootWindow(display_.get()), CurrentTime, None,
+                     XIGrabModeAsync, XIGrabModeAsync, False, &mask);
+    if (status == GrabSuccess) grabbed_.push_back(keyboard);
   }
 }
 
 void KeyboardHold::giveBack() {
   if (depth_ == 0 || --depth_ > 0) return;
+  if (grabbed_.empty()) return;
   typeHeldKeys();
-  for (const int keyboard : keyboards_) XIUngrabDevice(display_.get(), keyboard, CurrentTime);
+  for (const int keyboard : grabbed_) XIUngrabDevice(display_.get(), keyboard, CurrentTime);
+  grabbed_.clear();
   // What came between the last look and the end of the grab.
   typeHeldKeys();
+  reloadKeyboards();
 }
 
 std::deque<KeyboardHold::HeldKey> KeyboardHold::takeHeldKeys() {
@@ -89,42 +98,13 @@ std::deque<KeyboardHold::HeldKey> KeyboardHold::takeHeldKeys() {
 }
 
 void KeyboardHold::typeHeldKeys() {
-  const auto keys = takeHeldKeys();
-  if (keys.empty()) return;
-  const auto controls = readKeyControls(display_.get());
-  if (controls.isSlowKeysOn) {
-    typeSlowly(keys, controls.slowKeysDelay);
-  } else {
-    typeAtOnce(keys);
-  }
-}
-
-void KeyboardHold::typeAtOnce(const std::deque<HeldKey>& keys) {
-  for (const auto& key : keys) {
+  for (const auto& key : takeHeldKeys()) {
     post({key.scanCode, key.isDown, PostedKeys::Origin::user, key.timestamp});
     if (key.isDown) {
       stillDown_.insert(key.scanCode);
     } else {
       stillDown_.erase(key.scanCode);
     }
-  }
-  XFlush(display_.get());
-}
-
-/// Slow Keys has not seen the keys: those held long enough for it are typed as slowly again.
-void KeyboardHold::typeSlowly(const std::deque<HeldKey>& keys, double delay) {
-  for (auto key = keys.begin(); key != keys.end(); ++key) {
-    if (!key->isDown) continue;
-    const auto release = std::find_if(key, keys.end(), [&](const HeldKey& later) {
-      return later.scanCode == key->scanCode && !later.isDown;
-    });
-    const bool isShort = release != keys.end() &&
-                         (release->timestamp - key->timestamp) * millisecondsPerSecond < delay;
-    if (isShort) continue;
-    post({key->scanCode, true, PostedKeys::Origin::user, key->timestamp});
-    XSync(display_.get(), False);
-    std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(delay + slowKeysMargin));
-    post({key->scanCode, false, PostedKeys::Origin::user, key->timestamp});
   }
   XFlush(display_.get());
 }

@@ -26,7 +26,9 @@ class KeyboardHold {
   /// Keyboards were plugged in or out.
   void reloadKeyboards();
 
-  /// Holds the hardware's keys back until as many calls of `giveBack` have followed.
+  /// Holds the hardware's keys back until as many calls of `giveBack` have followed. With Slow Keys
+  /// or Bounce Keys on they go on to the application: nobody types fast then, and the keys would
+  /// have to pass these filters a second time.
   void holdBack();
   void giveBack();
 
@@ -45,8 +47,6 @@ class KeyboardHold {
 
   [[nodiscard]] std::deque<HeldKey> takeHeldKeys();
   void typeHeldKeys();
-  void typeAtOnce(const std::deque<HeldKey>& keys);
-  void typeSlowly(const std::deque<HeldKey>& keys, double delay);
   void post(const PostedKeys::Key& key);
 
   XDisplay display_;
@@ -54,6 +54,7 @@ class KeyboardHold {
   int inputOpcode_ = 0;
   int depth_ = 0;
   std::vector<int> keyboards_;         ///< device ids
+  std::vector<int> grabbed_;           ///< those of them that are held back now
   std::set<std::uint32_t> stillDown_;  ///< given back, and not released by the participant yet
 };
 

@@ -116,6 +116,7 @@ bool KeyboardWatch::handleXkb(const _XEvent& event) {
     case XkbAccessXNotify:
       if (xkb.accessx.detail == XkbAXN_SKAccept) {
         const auto scanCode = static_cast<std::uint32_t>(xkb.accessx.keycode);
+        if (ownDown_.contains(scanCode)) break;
         filters_.acceptSlowKey(scanCode);
         press(scanCode, static_cast<double>(xkb.accessx.time));
       }
@@ -140,13 +141,13 @@ void KeyboardWatch::handleRaw(int device, std::uint32_t scanCode, bool isDown,
 }
 
 void KeyboardWatch::handlePosted(const PostedKeys::Key& key) {
-  if (key.origin == PostedKeys::Origin::silent) return;
   if (key.origin == PostedKeys::Origin::user) {
     handleHardware(key.scanCode, key.isDown, key.timestamp * millisecondsPerSecond);
-    return;
+  } else if (key.isDown) {
+    ownDown_.insert(key.scanCode);
+  } else {
+    ownDown_.erase(key.scanCode);
   }
-  callbacks_.onKey({key.scanCode, key.isDown, true, key.userData, std::nullopt,
-                    text_.modifierFlags(), serverMilliseconds() / millisecondsPerSecond});
 }
 
 void KeyboardWatch::handleHardware(std::uint32_t scanCode, bool isDown, double milliseconds) {
@@ -175,7 +176,7 @@ void KeyboardWatch::reportDueRepeats(double now) {
 
 void KeyboardWatch::report(std::uint32_t scanCode, bool isDown, double milliseconds,
                            std::optional<std::string> text) {
-  callbacks_.onKey({scanCode, isDown, false, 0, std::move(text), text_.modifierFlags(),
+  callbacks_.onKey({scanCode, isDown, std::move(text), text_.modifierFlags(),
                     milliseconds / millisecondsPerSecond});
 }
 

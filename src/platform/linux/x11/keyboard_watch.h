@@ -15,19 +15,17 @@ union _XEvent;
 
 namespace mirvane {
 
-/// A press or release somewhere on the desktop, automatic repeats included.
+/// A press or release of the participant somewhere on the desktop, automatic repeats included.
 struct WatchedKey {
   std::uint32_t scanCode = 0;
   bool isDown = true;
-  bool isOwn = false;         ///< posted by this system
-  std::int64_t userData = 0;  ///< what it was posted with
   std::optional<std::string> text;
   std::uint64_t modifierFlags = 0;
   double timestamp = 0;  ///< seconds since the system started
 };
 
-/// Turns the X server's raw keyboard events into typing: with text, automatic repeat, and the
-/// presses that the desktop's key filters swallow left out.
+/// Turns the X server's raw keyboard events into typing: with text, automatic repeat, and without
+/// the presses that the desktop's key filters swallow and the keys that this system types itself.
 class KeyboardWatch {
  public:
   struct Callbacks {
@@ -72,6 +70,7 @@ class KeyboardWatch {
   int inputOpcode_ = 0;
   int xkbEventBase_ = 0;
   std::set<int> syntheticKeyboards_;  ///< XTEST keyboards, by device id
+  std::set<std::uint32_t> ownDown_;   ///< keys of our own that are down
   KeyboardText text_;
   AutoRepeat repeat_;
   KeyFilters filters_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <deque>
 #include <mutex>
@@ -13,6 +14,8 @@ namespace mirvane {
 /// Used by two threads.
 class PostedKeys {
  public:
+  using Clock = std::chrono::steady_clock;
+
   enum class Origin {
     own,     ///< typed by this system
     user,    ///< a key of the participant, given back after it was held
@@ -23,22 +26,28 @@ class PostedKeys {
     std::uint32_t scanCode = 0;
     bool isDown = true;
     Origin origin = Origin::own;
-    double timestamp = 0;       ///< seconds; when the participant pressed it
-    std::int64_t userData = 0;  ///< who typed an own key
+    double timestamp = 0;  ///< seconds; when the participant pressed it
 
     bool operator==(const Key&) const = default;
   };
 
   /// Before the key is posted.
-  void expect(const Key& key);
+  void expect(const Key& key, Clock::time_point now = Clock::now());
 
-  /// The key that came back, forgotten with this answer. Absent when the event is not ours: keys
-  /// come back in the order in which they were posted.
-  [[nodiscard]] std::optional<Key> take(std::uint32_t scanCode, bool isDown);
+  /// The key that came back, forgotten with this answer. Absent when the event is not ours. Keys
+  /// come back nearly in the order in which they were posted: two threads post, and the server says
+  /// nothing of a press of what is down already.
+  [[nodiscard]] std::optional<Key> take(std::uint32_t scanCode, bool isDown,
+                                        Clock::time_point now = Clock::now());
 
  private:
+  struct Expected {
+    Key key;
+    Clock::time_point since;
+  };
+
   std::mutex mutex_;
-  std::deque<Key> keys_;
+  std::deque<Expected> keys_;
 };
 
 }  // namespace mirvane

@@ -17,6 +17,11 @@ bool isWaylandSession() {
          (type != nullptr && std::string_view(type) == "wayland");
 }
 
+/// Windows come and go while they are asked about; an answer that never comes is answer enough.
+int ignoreError(Display*, XErrorEvent*) {
+  return 0;
+}
+
 bool hasExtensions(Display* display) {
   int opcode = 0, event = 0, error = 0, major = 2, minor = 2;
   if (XQueryExtension(display, "XInputExtension", &opcode, &event, &error) == 0) return false;
@@ -34,6 +39,7 @@ void XDisplayCloser::operator()(_XDisplay* display) const {
 
 XDisplay openXDisplay() {
   if (isWaylandSession()) return nullptr;
+  XSetErrorHandler(ignoreError);
   XDisplay display(XOpenDisplay(nullptr));
   if (display == nullptr || !hasExtensions(display.get())) return nullptr;
   return display;

@@ -1,0 +1,173 @@
+#include "platform/linux/x11/spare_keys.h"
+
+#include <X11/XKBlib.h>
+#include <X11/Xlib.h>
+#include <X11/extensions/XInput2.h>
+#include <xkbcommon/xkbcommon.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <thread>
+#include <tuple>
+#include <utility>
+
+namespace mirvane {
+namespace {
+
+/// Some applications ask for the new bindings only when they hear of them, and type the old ones
+/// until they are told.
+constexpr std::chrono::milliseconds timeToReadBindings{40};
+
+}  // namespace
+
+/// What the keys give at the moment.
+class SpareKeys::Keyboard {
+ public:
+  explicit Keyboard(Display* display)
+      : map_(XkbGetMap(display, XkbKeySymsMask | XkbKeyTypesMask, XkbUseCoreKbd)) {
+    XkbStateRec state{};
+    XkbGetState(display, XkbUseCoreKbd, &state);
+    modifiers_ = XkbBuildCoreState(state.mods, state.group);
+    XQueryKeymap(display, downKeys_.data());
+  }
+  Keyboard(const Keyboard&) = delete;
+  Keyboard& operator=(const Keyboard&) = delete;
+  ~Keyboard() {
+    if (map_ != nullptr) XkbFreeKeyboard(map_, XkbAllComponentsMask, True);
+  }
+
+  /// 0 when no key but `avoided` gives the symbol.
+  [[nodiscard]] std::uint32_t keyFor(unsigned long symbol, std::uint32_t avoided) const {
+    const auto keys = keysThat([&](std::uint32_t key) {
+      return key != avoided && !isDown(key) && symbolOf(key) == symbol;
+    });
+    return keys.empty() ? 0 : keys.front();
+  }
+
+  [[nodiscard]] std::vector<std::uint32_t> spares() const {
+    return keysThat([this](std::uint32_t key) { return isUnused(key) || isBoundByUs(key); });
+  }
+
+  [[nodiscard]] bool isUnused(std::uint32_t key) const {
+    const auto code = static_cast<KeyCode>(key);
+    const KeySym* const symbols = XkbKeySymsPtr(map_, code);
+    const auto count = XkbKeyNumSyms(map_, code);
+    return std::all_of(symbols, symbols + count, [](KeySym symbol) { return symbol == NoSymbol; });
+  }
+
+ private:
+  /// No layout has such keys: an alphabetic one that gives the same in both cases.
+  [[nodiscard]] bool isBoundByUs(std::uint32_t key) const {
+    const auto code = static_cast<KeyCode>(key);
+    return XkbKeyNumGroups(map_, code) == 1 &&
+           XkbKeyKeyTypeIndex(map_, code, 0) == XkbAlphabeticIndex &&
+           XkbKeySym(map_, code, 0) == XkbKeySym(map_, code, 1);
+  }
+
+  template <typename Condition>
+  [[nodiscard]] std::vector<std::uint32_t> keysThat(Condition condition) const {
+    std::vector<std::uint32_t> keys;
+    if (map_ == nullptr) return keys;
+    for (std::uint32_t key = map_->min_key_code; key <= map_->max_key_code; ++key) {
+      if (condition(key)) keys.push_back(key);
+    }
+    return keys;
+  }
+
+  /// The server ignores the press of a key that is down already.
+  [[nodiscard]] bool isDown(std::uint32_t key) const {
+    constexpr std::uint32_t bits = 8;
+    return (static_cast<unsigned char>(downKeys_.at(key / bits)) & (1U << (key % bits))) != 0;
+  }
+
+  [[nodiscard]] unsigned long symbolOf(std::uint32_t key) const {
+    unsigned consumed = 0;
+    KeySym symbol = NoSymbol;
+    XkbTranslateKeyCode(map_, static_cast<KeyCode>(key), modifiers_, &consumed, &symbol);
+    // Applications apply a Caps Lock or Shift that the key itself knows nothing of.
+    const bool isLeftOver = (modifiers_ & ~consumed & (ShiftMask | LockMask)) != 0;
+    const bool hasCases = xkb_keysym_to_upper(static_cast<xkb_keysym_t>(symbol)) != symbol;
+    return isLeftOver && consumed == 0 && hasCases ? NoSymbol : symbol;
+  }
+
+  XkbDescPtr map_;
+  unsigned modifiers_ = 0;
+  std::array<char, 32> downKeys_{};
+};
+
+SpareKeys::~SpareKeys() {
+  for (const auto& [key, lastUse] : lastUses_) bind(key, NoSymbol);
+  XSync(display_, False);
+}
+
+std::vector<std::uint32_t> SpareKeys::keysFor(const std::vector<unsigned long>& symbols,
+                                              bool consecutiveDiffer) {
+  const Keyboard keyboard(display_);
+  auto spares = keyboard.spares();
+  // Those never used come first, those used longest ago next: an application may still have to read
+  // what a key of a moment ago meant.
+  std::sort(spares.begin(), spares.end(), [&](std::uint32_t a, std::uint32_t b) {
+    const auto age = [&](std::uint32_t key) {
+      const auto used = lastUses_.find(key);
+      return std::tuple(!keyboard.isUnused(key), used == lastUses_.end() ? 0 : used->second, key);
+    };
+    return age(a) < age(b);
+  });
+  std::vector<std::pair<unsigned long, std::uint32_t>> bound;
+  std::vector<std::uint32_t> keys;
+  for (const auto symbol : symbols) {
+    const auto avoided = consecutiveDiffer && !keys.empty() ? keys.back() : 0;
+    const auto known = std::find_if(bound.begin(), bound.end(), [&](const auto& binding) {
+      return binding.first == symbol && binding.second != avoided;
+    });
+    auto key = known != bound.end() ? known->second : keyboard.keyFor(symbol, avoided);
+    if (key == 0 && bound.size() < spares.size()) {
+      key = spares[bound.size()];
+      bound.emplace_back(symbol, key);
+      bind(key, symbol);
+    }
+    if (key == 0) return {};
+    if (const auto used = lastUses_.find(key); used != lastUses_.end()) used->second = ++uses_;
+    keys.push_back(key);
+  }
+  if (!bound.empty()) std::this_thread::sleep_for(timeToReadBindings);
+  return keys;
+}
+
+void SpareKeys::bind(std::uint32_t key, unsigned long symbol) {
+  if (symbol != NoSymbol) lastUses_[key] = ++uses_;
+  bindOn(XkbUseCoreKbd, key, symbol);
+  // A keyboard whose keys are held back is apart from the core keyboard, and would bring its own
+  // map along when it comes back.
+  int count = 0;
+  XIDeviceInfo* const devices = XIQueryDevice(display_, XIAllDevices, &count);
+  for (int i = 0; i < count; ++i) {
+    if (devices[i].use == XISlaveKeyboard || devices[i].use == XIFloatingSlave) {
+      bindOn(static_cast<unsigned>(devices[i].deviceid), key, symbol);
+    }
+  }
+  XIFreeDeviceInfo(devices);
+  XSync(display_, False);
+}
+
+void SpareKeys::bindOn(unsigned device, std::uint32_t key, unsigned long symbol) {
+  XkbDescPtr const map = XkbGetMap(display_, XkbKeySymsMask | XkbKeyTypesMask, device);
+  if (map == nullptr) return;
+  // A type that knows of Shift and Caps Lock and gives the same symbol for all: without one,
+  // applications would apply them by themselves.
+  int type = XkbAlphabeticIndex;
+  XkbMapChangesRec changes{};
+  if (XkbChangeTypesOfKey(map, static_cast<int>(key), 1, XkbGroup1Mask, &type, &changes) ==
+      Success) {
+    KeySym* const symbols = XkbKeySymsPtr(map, key);
+    symbols[0] = symbols[1] = symbol;
+    changes.changed |= XkbKeySymsMask;
+    changes.first_key_sym = static_cast<KeyCode>(key);
+    changes.num_key_syms = 1;
+    XkbChangeMap(display_, map, &changes);
+  }
+  XkbFreeKeyboard(map, XkbAllComponentsMask, True);
+}
+
+}  // namespace mirvane
