@@ -67,7 +67,6 @@ class Editor(Program):
     def place_caret(self, before):
         """Behind this part of the text."""
         self.element.get_text_iface().set_caret_offset(self._length(before))
-        wait_for(lambda: self.caret() == self._length(before), "the caret")
 
     def select(self, before, selected):
         """This part of the text, which stands behind `before`."""

@@ -40,7 +40,7 @@ class TroublesTest(ElsewhereTest):
 
     def begin_replacement(self, moment):
         """Types a misspelt word, and lets so many seconds pass behind its end."""
-        self.type("helo")
+        self.type("becuase")
         key = self.keyboard.press(" ")
         time.sleep(moment)
         return key
@@ -71,7 +71,7 @@ class Stopped(TroublesTest):
             self.end_replacement(key)
             self.type_and_ask("a ")
             editor.resume()
-            self.assertIn(editor.settled_text(), (before + "helo a ", before + "hello a "))
+            self.assertIn(editor.settled_text(), (before + "becuase a ", before + "because a "))
         self.assert_corrects_again(editor)
 
     def assert_corrects_again(self, editor):
@@ -114,7 +114,7 @@ class Closed(TroublesTest):
             key = self.begin_replacement(moment)
             editor.close_window()
             self.end_replacement(key)
-            self.assertIn(editor.settled_text(), ("helo ", "hello "))
+            self.assertIn(editor.settled_text(), ("becuase ", "because "))
             editor.close()
 
     def test_window_goes(self):
@@ -144,7 +144,7 @@ class Left(TroublesTest):
             key = self.begin_replacement(moment)
             other.request_activation()
             self.end_replacement(key)
-            self.assertIn(editor.settled_text(), (before + "helo ", before + "hello "))
+            self.assertIn(editor.settled_text(), (before + "becuase ", before + "because "))
             self.assertEqual(other.settled_text(), "")
             editor.activate()
 
