@@ -20,7 +20,8 @@ def parts_of(secret):
 
 def memory_of(pid):
     """The contents of each mapping that the process may write to."""
-    with open(f"/proc/{pid}/maps", encoding="utf-8") as maps, open(f"/proc/{pid}/mem", "rb") as memory:
+    folder = f"/proc/{pid}"
+    with open(f"{folder}/maps", encoding="utf-8") as maps, open(f"{folder}/mem", "rb") as memory:
         for line in maps:
             start, end, rights = re.match(r"(\w+)-(\w+) (\S+)", line).groups()
             if "w" not in rights or "[vvar" in line:
