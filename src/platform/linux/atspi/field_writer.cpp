@@ -56,21 +56,7 @@ bool FieldWriter::replace(const std::shared_ptr<TextField>& field, std::uint64_t
   if (outcome == Outcome::unknown) finishLater(field, replacement, mostAttempts);
   if (outcome != Outcome::unchanged) return outcome == Outcome::done;
   if (!field->isFocused()) return false;
-  const auto caret = field->caret();
-  if (!caret || !typist_.canType()) return false;
-  auto typed = Outcome::unchanged;
-  input_.withKeysHeldBack([&] {
-    typed = replaceSelected(*field, window, replacement);
-    if (typed == Outcome::unchanged) {
-      field->setCaret(*caret);
-      typed = replaceBackwards(*field, window, replacement);
-    } else if (*caret >= replacement.range.end) {
-      // Where it was, behind what ended the word: what the participant types next goes there.
-      const auto oldLength = replacement.range.end - replacement.range.start;
-      field->setCaret(*caret + field->lengthOf(replacement.text) - oldLength);
-    }
-  });
-  return typed == Outcome::done;
+  return typist_.canType() && replaceByTyping(*field, window, replacement) == Outcome::done;
 }
 
 FieldWriter::Outcome FieldWriter::replaceEditable(const TextField& field,
@@ -105,36 +91,34 @@ void FieldWriter::finishLater(const std::shared_ptr<TextField>& field,
       attemptInterval);
 }
 
-FieldWriter::Outcome FieldWriter::replaceSelected(const TextField& field, std::uint64_t window,
+FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, std::uint64_t window,
                                                   const Replacement& replacement) {
-  // Some editors delete what is selected, but type where the caret was.
-  field.setCaret(replacement.range.end);
-  if (!field.select(replacement.range)) return Outcome::unchanged;
-  const auto isSelected = [&] { return field.isSelected(replacement.range); };
-  if (!await(isSelected, longestSelection)) return Outcome::unchanged;
-  // An empty text would leave the selection as it is.
-  const std::int64_t deleteCount = replacement.text.empty() ? 1 : 0;
-  return typeReplacement(field, window, replacement, deleteCount, replacement.text);
+  auto outcome = Outcome::unchanged;
+  input_.withKeysHeldBack([&] {
+    // Up to the caret, so that it ends where it was: what the participant types next goes there.
+    const auto caret = field.caret();
+    const auto& range = replacement.range;
+    if (!caret || *caret < range.end || *caret - range.end > longestTail) return;
+    const auto old = field.text({range.start, *caret});
+    if (!old || !old->starts_with(replacement.replaced)) return;
+    const auto text = replacement.text + text::toUtf8(old->substr(replacement.replaced.size()));
+    // Where select does nothing, the Backspaces delete as much.
+    const bool isSelected = select(field, {range.start, *caret}, *old);
+    const auto deleteCount = isSelected ? (text.empty() ? 1 : 0) : *caret - range.start;
+    if (!typist_.type(window, deleteCount, text)) return;
+    outcome = awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
+  });
+  return outcome;
 }
 
-FieldWriter::Outcome FieldWriter::replaceBackwards(const TextField& field, std::uint64_t window,
-                                                   const Replacement& replacement) {
-  const auto caret = field.caret();
-  if (!caret || *caret < replacement.range.end) return Outcome::unchanged;
-  if (*caret - replacement.range.end > longestTail) return Outcome::unchanged;
-  const auto deleted = field.text({replacement.range.start, *caret});
-  const auto tail = field.text({replacement.range.end, *caret});
-  if (!deleted || !tail || !deleted->starts_with(replacement.replaced)) return Outcome::unchanged;
-  return typeReplacement(field, window, replacement, *caret - replacement.range.start,
-                         replacement.text + text::toUtf8(*tail));
-}
-
-/// Types, and waits until the field shows it.
-FieldWriter::Outcome FieldWriter::typeReplacement(const TextField& field, std::uint64_t window,
-                                                  const Replacement& replacement,
-                                                  std::int64_t deleteCount, std::string_view text) {
-  if (!typist_.type(window, deleteCount, text)) return Outcome::unchanged;
-  return awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
+/// False when the selection is not known to have been made.
+bool FieldWriter::select(const TextField& field, TextField::Range range,
+                         const std::u16string& text) {
+  // Some count the text in one unit and select in another.
+  const bool isCountedAlike = field.lengthOf(text::toUtf8(text)) == range.end - range.start &&
+                              !field.hasPairsBefore(range.end);
+  if (!isCountedAlike || !field.select(range)) return false;
+  return await([&] { return field.isSelected(range); }, longestSelection);
 }
 
 bool FieldWriter::type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,

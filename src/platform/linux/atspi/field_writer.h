@@ -42,13 +42,9 @@ class FieldWriter {
   Outcome replaceEditable(const TextField& field, const Replacement& replacement);
   void finishLater(const std::shared_ptr<TextField>& field, const Replacement& replacement,
                    int attemptsLeft);
-  Outcome replaceSelected(const TextField& field, std::uint64_t window,
+  Outcome replaceByTyping(const TextField& field, std::uint64_t window,
                           const Replacement& replacement);
-  Outcome replaceBackwards(const TextField& field, std::uint64_t window,
-                           const Replacement& replacement);
-  Outcome typeReplacement(const TextField& field, std::uint64_t window,
-                          const Replacement& replacement, std::int64_t deleteCount,
-                          std::string_view text);
+  static bool select(const TextField& field, TextField::Range range, const std::u16string& text);
 
   AccessibilityThread& thread_;
   DesktopInput& input_;

@@ -78,6 +78,13 @@ std::optional<std::u16string> TextField::text(Range range) const {
   return text::toUtf16(text.get());
 }
 
+bool TextField::hasPairsBefore(std::int64_t end) const {
+  if (unit_ == TextUnit::utf16) return false;
+  if (end > reachBefore) return true;
+  const auto before = text({0, end});
+  return !before || static_cast<std::int64_t>(before->size()) != end;
+}
+
 std::optional<FieldContent> TextField::read(std::optional<std::int64_t> wantedStart) const {
   const auto caretOffset = caret();
   if (!caretOffset) return std::nullopt;

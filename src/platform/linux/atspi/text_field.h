@@ -52,6 +52,11 @@ class TextField {
 
   [[nodiscard]] std::optional<std::u16string> text(Range range) const;
 
+  /// Whether characters stand before `end` that the application may count differently in different
+  /// questions: those that take two UTF-16 units, in an application that counts code points. True
+  /// as well when there are too many to look at.
+  [[nodiscard]] bool hasPairsBefore(std::int64_t end) const;
+
   /// Whether the application holds this text there; absent when it does not answer.
   [[nodiscard]] std::optional<bool> holds(Range range, std::string_view text) const;
 
