@@ -1,5 +1,5 @@
-"""How long a correction takes in other programs, seen from outside: keys go in through the X server,
-the text is read through accessibility. Prints a table. See measure-applications."""
+"""How long a correction takes in other programs: keys go in through the X server, what they give
+is read through accessibility. Prints a table. See measure-applications."""
 
 import os
 import statistics

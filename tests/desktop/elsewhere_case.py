@@ -1,4 +1,4 @@
-"""What the tests in other programs share: the study in session 2 while one of them is typed into."""
+"""What the tests in other programs share: the study in session 2, and typing into one of them."""
 
 import json
 import os

@@ -1,4 +1,4 @@
-"""Corrections while the desktop filters keys for people with tremor: Slow, Bounce and Sticky Keys."""
+"""Corrections while the desktop filters keys: Slow Keys, Bounce Keys and Sticky Keys."""
 
 import ctypes
 import unittest

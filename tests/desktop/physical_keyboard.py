@@ -1,4 +1,4 @@
-"""The keyboard on the desk: a device of its own beside the XTEST keyboard, and what came from it."""
+"""The keyboard on the desk, a device of its own beside XTEST's, and what came from it."""
 
 import time
 import unicodedata
