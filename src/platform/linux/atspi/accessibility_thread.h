@@ -9,7 +9,7 @@
 #include <optional>
 #include <thread>
 
-struct _GMainContext;
+struct _GMainContext;  // NOLINT(bugprone-reserved-identifier)
 
 namespace mirvane {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-struct _XDisplay;
+#include "platform/linux/x11/x_display.h"
 
 namespace mirvane {
 

@@ -5,7 +5,8 @@
 #include <optional>
 #include <string>
 
-struct _XDisplay;
+#include "platform/linux/x11/x_display.h"
+
 struct xkb_compose_state;
 struct xkb_context;
 struct xkb_keymap;

@@ -10,8 +10,7 @@
 #include "platform/linux/x11/key_filters.h"
 #include "platform/linux/x11/keyboard_text.h"
 #include "platform/linux/x11/posted_keys.h"
-
-union _XEvent;
+#include "platform/linux/x11/x_display.h"
 
 namespace mirvane {
 

@@ -4,7 +4,7 @@
 #include <map>
 #include <vector>
 
-struct _XDisplay;
+#include "platform/linux/x11/x_display.h"
 
 namespace mirvane {
 

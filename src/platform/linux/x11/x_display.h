@@ -2,7 +2,9 @@
 
 #include <memory>
 
-struct _XDisplay;
+// Xlib's own names, which its macros and its clashes with the toolkit keep out of headers.
+struct _XDisplay;  // NOLINT(bugprone-reserved-identifier)
+union _XEvent;     // NOLINT(bugprone-reserved-identifier)
 
 namespace mirvane {
 
@@ -10,8 +12,7 @@ struct XDisplayCloser {
   void operator()(_XDisplay* display) const;
 };
 
-/// A connection to the X server of its own. One thread at a time uses it. Xlib's names stay out of
-/// this header: they clash with the toolkit's.
+/// A connection to the X server of its own. One thread at a time uses it.
 using XDisplay = std::unique_ptr<_XDisplay, XDisplayCloser>;
 
 /// Null when there is no X server, it lacks the extensions this system needs (XInput 2.2, XKB,
