@@ -35,7 +35,7 @@ const Words& mixedWords() {
     const char* file = std::getenv("MIRVANE_PAIRS");
     Words mixed;
     for (auto& fields : mirvane::fieldsOfLines(file == nullptr ? "" : file)) {
-      mixed.insert(mixed.end(), fields.begin(), fields.begin() + 2);
+      if (fields.size() >= 2) mixed.insert(mixed.end(), fields.begin(), fields.begin() + 2);
     }
     return mixed;
   }();

@@ -19,13 +19,21 @@ constexpr std::size_t completionCount = 1;
 constexpr GuessLimits guessLimits{
     .words = 6, .window = 54, .highestCost = 390, .costliestSlips = 280};
 
-bool isTypeable(char c) {
-  return (c >= 'a' && c <= 'z') || c == '\'';
+bool isLetter(char c) {
+  return c >= 'a' && c <= 'z';
 }
 
+// Letters and apostrophes, not apostrophes alone.
 bool isTypeable(std::string_view lowerCase) {
-  return lowerCase.size() <= WordSet::longestWord &&
-         std::ranges::all_of(lowerCase, [](char c) { return isTypeable(c); });
+  return lowerCase.size() <= WordSet::longestWord && std::ranges::any_of(lowerCase, isLetter) &&
+         std::ranges::all_of(lowerCase, [](char c) { return isLetter(c) || c == '\''; });
+}
+
+// "dog" of "dog's", "dogs" of "dogs'"; empty when there is no such ending.
+std::string_view ownerOf(std::string_view word) {
+  if (word.ends_with("'s")) return word.substr(0, word.size() - 2);
+  if (word.ends_with("s'")) return word.substr(0, word.size() - 1);
+  return {};
 }
 
 std::vector<std::string> inCasePattern(std::vector<std::string> words, CasePattern pattern) {
@@ -63,8 +71,14 @@ bool Dictionary::isCorrect(std::string_view word) const {
 
 bool Dictionary::isKnownInLowerCase(std::string_view word) const {
   if (accepted_.contains(word)) return true;
-  if (word.ends_with("'s")) return accepted_.contains(word.substr(0, word.size() - 2));
-  return word.ends_with("s'") && accepted_.contains(word.substr(0, word.size() - 1));
+  // Neither pieces such as "didn" and "t" nor "don't" own anything.
+  const std::string_view owner = ownerOf(word);
+  return !owner.empty() && owner.find('\'') == std::string_view::npos && mayBeSuggested(owner);
+}
+
+bool Dictionary::mayBeSuggested(std::string_view word) const {
+  const WordTrie::Node* node = offered_.find(word);
+  return node != nullptr && offered_.frequency(*node) > 0;
 }
 
 std::vector<std::string> Dictionary::completions(std::string_view prefix) const {
@@ -77,7 +91,7 @@ std::vector<std::string> Dictionary::completions(std::string_view prefix) const 
 std::vector<std::string> Dictionary::guesses(std::string_view word) const {
   const std::string lower = asciiLowerCase(word);
   if (!isTypeable(lower)) return {};
-  if (accepted_.contains(lower) || hasTooManyRepeats(lower)) return {};
+  if (isKnownInLowerCase(lower) || hasTooManyRepeats(lower)) return {};
   const std::vector<Guess> nearest = nearestWords(offered_, offeredBackward_, lower, guessLimits);
   return inCasePattern(worthOffering(lower, nearest), casePatternOf(word));
 }

@@ -23,8 +23,10 @@ class Dictionary : public SpellChecker {
   Dictionary() = default;
   explicit Dictionary(const std::filesystem::path& path);
 
-  /// Lower case, Capitalised and UPPER CASE of a known word, and its possessive.
+  /// Lower case, Capitalised and UPPER CASE of a known word, and the possessive of one that may be
+  /// suggested.
   [[nodiscard]] bool isCorrect(std::string_view word) const override;
+  [[nodiscard]] bool mayBeSuggested(std::string_view word) const override;
   [[nodiscard]] std::vector<std::string> completions(std::string_view prefix) const override;
   [[nodiscard]] std::vector<std::string> guesses(std::string_view word) const override;
 

@@ -12,7 +12,9 @@ namespace {
 constexpr int asLikely = 4;  // costs this close together say nothing about which is meant
 constexpr std::size_t mostGuesses = 5;
 
-// How much the texts alone speak for a word.
+// What the ranking gives these: prefixWeight in suggest/suggestion_priority.cpp, the scores and the
+// completion penalty in suggest/suggestion_features.cpp, the probability of a neighbouring key in
+// resources/typing_parameters.json.
 constexpr double commonBeginning = 0.35;
 constexpr double clearSlip = 1.5;  // a swap, a double letter typed once, left-out vowels
 constexpr double neighbouringKey = 0.35;
@@ -74,14 +76,18 @@ class Comparison {
 
 }  // namespace
 
+double likeness(std::string_view typed, std::string_view word) {
+  return Comparison(typed, word).likeness();
+}
+
 std::vector<std::string> worthOffering(std::string_view typed, std::span<const Guess> nearest) {
   std::vector<std::string> offered;
-  double lowest = 0;  // likeness of an offered word
+  double lowest = 0;  // of the likenesses of the offered words
   for (const Guess& guess : nearest) {
-    const double likeness = Comparison(typed, guess.word).likeness();
+    const double looks = likeness(typed, guess.word);
     const bool isAsLikely = guess.cost <= nearest.front().cost + asLikely;
-    if (!offered.empty() && likeness > lowest && !isAsLikely) continue;
-    lowest = offered.empty() ? likeness : std::min(lowest, likeness);
+    if (!offered.empty() && looks > lowest && !isAsLikely) continue;
+    lowest = offered.empty() ? looks : std::min(lowest, looks);
     offered.push_back(guess.word);
     if (offered.size() == mostGuesses) break;
   }

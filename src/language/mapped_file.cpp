@@ -23,7 +23,8 @@ std::span<const std::byte> mapOpenFile(int file) {
 }  // namespace
 
 MappedFile::MappedFile(const std::filesystem::path& path) {
-  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  // A pipe would keep an open that blocks waiting; it is then refused like a folder.
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (file < 0) return;
   bytes_ = mapOpenFile(file);
   close(file);

@@ -10,7 +10,8 @@ namespace mirvane {
 /// and processes that map the same file share its memory. Read-only.
 class MappedFile {
  public:
-  /// Empty when the file is missing, unreadable or empty.
+  /// Empty when the file is missing, unreadable, empty or no regular file. It must not be changed
+  /// in place while it is mapped; another may be renamed to its name.
   explicit MappedFile(const std::filesystem::path& path);
   MappedFile() = default;
   MappedFile(MappedFile&& other) noexcept;

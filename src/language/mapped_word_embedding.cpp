@@ -34,6 +34,7 @@ bool MappedWordEmbedding::readParts() {
   if (std::ranges::any_of(*rows, [&](std::uint16_t row) { return row >= norms->size(); })) {
     return false;
   }
+  if (!std::ranges::all_of(*norms, [](float norm) { return norm > 0; })) return false;
   words_ = *words;
   rows_ = *rows;
   norms_ = *norms;

@@ -3,6 +3,7 @@
 #define XXH_INLINE_ALL
 #include <xxhash.h>
 
+#include <algorithm>
 #include <bit>
 #include <stdexcept>
 
@@ -28,6 +29,8 @@ std::optional<WordSet> WordSet::read(PayloadReader& payload) {
   const auto slots = payload.next<std::uint32_t>();
   const auto text = payload.next<char>();
   if (!slots || !text || !std::has_single_bit(slots->size())) return std::nullopt;
+  // A search for an unknown word ends at an empty slot.
+  if (std::ranges::find(*slots, 0U) == slots->end()) return std::nullopt;
   WordSet set;
   set.slots_ = *slots;
   set.text_ = *text;

@@ -21,9 +21,8 @@ std::optional<WordTrie> WordTrie::read(PayloadReader& payload) {
   for (std::size_t i = 0; i < nodes->size(); ++i) {
     const Node& node = (*nodes)[i];
     if (node.letterNumber > letterNumberOfApostrophe) return std::nullopt;
-    if (node.childCount == 0) continue;
     const std::size_t firstChild = node.firstChild, end = firstChild + node.childCount;
-    if (firstChild <= i || end > nodes->size()) return std::nullopt;
+    if (end > nodes->size() || (node.childCount > 0 && firstChild <= i)) return std::nullopt;
   }
   WordTrie trie;
   trie.nodes_ = *nodes;

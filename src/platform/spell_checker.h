@@ -17,6 +17,9 @@ class SpellChecker {
   /// Asked thousands of times a key: must not allocate.
   [[nodiscard]] virtual bool isCorrect(std::string_view word) const = 0;
 
+  /// Whether a correct word in lower case may be suggested; the others are accepted when typed.
+  [[nodiscard]] virtual bool mayBeSuggested(std::string_view /*word*/) const { return true; }
+
   /// Words that begin with `prefix`, best first; a bounded number.
   [[nodiscard]] virtual std::vector<std::string> completions(std::string_view prefix) const = 0;
 

@@ -49,8 +49,8 @@ std::vector<std::string> CandidateGeneration::generateCandidates(std::string_vie
   }
   auto candidates = found.take();
   if (knownWords_.isAllowListed(word)) putAllowedWordFirst(word, candidates);
-  std::erase_if(candidates, [this](const std::string& candidate) {
-    return isPossessive(candidate) || !isValidCandidate(candidate);
+  std::erase_if(candidates, [this, lowerWord = text::lowercased(word)](const auto& candidate) {
+    return isPossessive(candidate) || !isValidCandidate(candidate, lowerWord);
   });
   return candidates;
 }
@@ -73,8 +73,12 @@ std::vector<std::string> CandidateGeneration::editCandidates(std::string_view wo
   return edits.take();
 }
 
-bool CandidateGeneration::isValidCandidate(std::string_view text) const {
-  return knownWords_.isKnownWord(text::lowercased(text));
+bool CandidateGeneration::isValidCandidate(std::string_view text,
+                                           std::string_view lowerWord) const {
+  const std::string lower = text::lowercased(text);
+  return knownWords_.isAllowListed(lower) ||
+         (knownWords_.isSpelledCorrectly(lower) &&
+          (lower == lowerWord || spellChecker_.mayBeSuggested(lower)));
 }
 
 void CandidateGeneration::putAllowedWordFirst(std::string_view word,

@@ -17,8 +17,9 @@ class CandidateGeneration {
                       const NearbyKeys& nearbyKeys)
       : spellChecker_(spellChecker), knownWords_(knownWords), nearbyKeys_(nearbyKeys) {}
 
-  /// Distinct known words in order of discovery; the lower-cased word itself comes first when it
-  /// is known. Empty for a word that holds anything but ASCII letters and apostrophes.
+  /// Distinct known words that may be suggested, in order of discovery; the lower-cased word itself
+  /// comes first when it is known. Empty for a word that holds anything but ASCII letters and
+  /// apostrophes.
   [[nodiscard]] std::vector<std::string> generateCandidates(std::string_view word) const;
 
   /// Completions, then guesses, each text once.
@@ -29,7 +30,7 @@ class CandidateGeneration {
   [[nodiscard]] std::vector<std::string> editCandidates(std::string_view word) const;
 
  private:
-  [[nodiscard]] bool isValidCandidate(std::string_view text) const;
+  [[nodiscard]] bool isValidCandidate(std::string_view text, std::string_view lowerWord) const;
   void putAllowedWordFirst(std::string_view word, std::vector<std::string>& candidates) const;
 
   const SpellChecker& spellChecker_;

@@ -1,8 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <algorithm>
+#include <cmath>
+#include <cstring>
 #include <functional>
 #include <iterator>
+#include <limits>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -121,22 +127,85 @@ TEST(DataFiles, AreAsIfAbsentWhenTheirPartsDoNotFit) {
   }
 }
 
+// Asks a service made from a damaged file every question there is; whatever it answers, the
+// dictionary offers only words of its letters.
+void ask(const Path& path) {
+  const Dictionary dictionary(path);
+  auto offered = dictionary.guesses("helo");
+  std::ranges::move(dictionary.completions("he"), std::back_inserter(offered));
+  for (const std::string& word : offered) {
+    EXPECT_EQ(word.find_first_not_of("abcdefghijklmnopqrstuvwxyz'"), std::string::npos) << word;
+  }
+  const WordTagger tagger(path);
+  const auto embedding = MappedWordEmbedding::open(path);
+  for (const char* word : {"hello", "help", "helo", "h", "he's", "unknown"}) {
+    static_cast<void>(dictionary.isCorrect(word));
+    static_cast<void>(dictionary.mayBeSuggested(word));
+    EXPECT_LE(tagger.tag(word).value_or(LexicalClass::noun), LexicalClass::other);
+    if (embedding == nullptr) continue;
+    const double distance = embedding->distance(word, "help");
+    EXPECT_TRUE(distance >= 0 && distance <= 2) << distance;
+  }
+}
+
+void askDamaged(const DataFileKind& kind, const std::string& payload) {
+  const TemporaryFile file(dataFileBytes(kind, payload));
+  ask(file.path());
+}
+
 // The checksum is right, but what the parts say is not.
 TEST(DataFiles, DoNoHarmWhenTheirWordsAreDamaged) {
-  const std::string payload = kinds()[0].bytes.substr(32);
-  for (std::size_t i = 0; i < payload.size(); ++i) {
-    for (const char change : {'\x01', '\x10', '\xff'}) {
-      std::string damaged = payload;
-      damaged[i] = static_cast<char>(damaged[i] ^ change);
-      const TemporaryFile file(dataFileBytes(Dictionary::fileKind, damaged));
-      const Dictionary dictionary(file.path());
-      auto offered = dictionary.guesses("helo");
-      std::ranges::move(dictionary.completions("he"), std::back_inserter(offered));
-      for (const std::string& word : offered) {
-        EXPECT_EQ(word.find_first_not_of("abcdefghijklmnopqrstuvwxyz'"), std::string::npos) << i;
+  const std::vector<DataFileKind> fileKinds{Dictionary::fileKind, WordTagger::fileKind,
+                                            MappedWordEmbedding::fileKind};
+  const auto all = kinds();
+  std::mt19937 random(17);
+  for (std::size_t k = 0; k < all.size(); ++k) {
+    const std::string payload = all[k].bytes.substr(32);
+    for (std::size_t i = 0; i < payload.size(); ++i) {
+      for (const char change : {'\x01', '\x10', '\xff'}) {
+        std::string damaged = payload;
+        damaged[i] = static_cast<char>(damaged[i] ^ change);
+        askDamaged(fileKinds[k], damaged);
       }
     }
+    for (int round = 0; round < 3000; ++round) {
+      std::string damaged = payload;
+      for (std::size_t bytes = 2 + random() % 8; bytes > 0; --bytes) {
+        damaged[random() % damaged.size()] = static_cast<char>(random());
+      }
+      askDamaged(fileKinds[k], damaged);
+    }
   }
+}
+
+TEST(DataFiles, AreAsIfAbsentWhenASearchInThemWouldNotEnd) {
+  std::string payload = kinds()[0].bytes.substr(32);
+  const std::size_t slots = static_cast<unsigned char>(payload[0]);
+  for (std::size_t i = 0; i < slots; ++i) payload[8 + 4 * i + 3] = '\x7f';
+  const TemporaryFile file(dataFileBytes(Dictionary::fileKind, payload));
+  EXPECT_FALSE(Dictionary(file.path()).isCorrect("unknown"));
+}
+
+TEST(DataFiles, AreAsIfAbsentWhenAWordHasNoDirection) {
+  const std::string bytes = kinds()[2].bytes;
+  const float lengthOfBoth = std::sqrt(5.0F);
+  std::string length(sizeof(float), '\0');
+  std::memcpy(length.data(), &lengthOfBoth, sizeof(float));
+  const std::size_t at = bytes.find(length);
+  ASSERT_NE(at, std::string::npos);
+  for (const float damaged : {0.0F, -1.0F, std::numeric_limits<float>::quiet_NaN()}) {
+    std::string payload = bytes;
+    std::memcpy(payload.data() + at, &damaged, sizeof(float));
+    const TemporaryFile file(dataFileBytes(MappedWordEmbedding::fileKind, payload.substr(32)));
+    EXPECT_EQ(MappedWordEmbedding::open(file.path()), nullptr) << damaged;
+  }
+}
+
+TEST(DataFiles, AreAsIfAbsentWhenTheyAreAPipe) {
+  const TemporaryFile folder("");
+  const Path pipe = folder.path().parent_path() / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const Kind& kind : kinds()) EXPECT_FALSE(kind.knows(pipe)) << kind.name;
 }
 
 TEST(DataFiles, LeaveServicesThatKnowNothingWhenTheBundleIsEmpty) {

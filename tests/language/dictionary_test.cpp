@@ -34,8 +34,9 @@ TEST_F(DictionaryTest, AcceptsKnownWordsInSensibleCase) {
                            "Sea's", "SEA'S"}) {
     EXPECT_TRUE(dictionary_.isCorrect(word)) << word;
   }
-  for (const char* word : {"", "'", "''", "teh", "tHe", "THe", "thee", "th", "the's'", "'s",
-                           "caf\xc3\xa9", "\xff", "the ", "the1", "se\xe2\x80\x99s"}) {
+  for (const char* word :
+       {"", "'", "''", "teh", "tHe", "THe", "thee", "th", "the's'", "'s", "don's", "don't's", "t's",
+        "caf\xc3\xa9", "\xff", "the ", "the1", "se\xe2\x80\x99s"}) {
     EXPECT_FALSE(dictionary_.isCorrect(word)) << word;
   }
   EXPECT_FALSE(dictionary_.isCorrect(std::string(60, 'a')));
@@ -72,6 +73,9 @@ TEST(Dictionary, NeverOffersLoosePieces) {
   const TemporaryFile file(packedDictionary(lines));
   const Dictionary dictionary(file.path());
   EXPECT_TRUE(dictionary.isCorrect("didn"));
+  EXPECT_FALSE(dictionary.mayBeSuggested("didn"));
+  EXPECT_FALSE(dictionary.mayBeSuggested("di"));
+  EXPECT_TRUE(dictionary.mayBeSuggested("didn't"));
   EXPECT_THAT(dictionary.completions("didn"), ElementsAre("didn't"));
   EXPECT_THAT(dictionary.guesses("dodn"), testing::Not(testing::Contains("didn")));
 }

@@ -12,6 +12,7 @@ namespace mirvane {
 namespace {
 
 using testing::Contains;
+using testing::IsEmpty;
 using testing::Not;
 
 class ShippedEnglish : public testing::Test {
@@ -34,26 +35,36 @@ class ShippedEnglish : public testing::Test {
 
 TEST_F(ShippedEnglish, AcceptsOrdinaryText) {
   for (const char* word :
-       {"its",     "it's",     "don't",    "i'm",     "I'm",        "stella",  "Stella",   "colour",
-        "color",   "organise", "organize", "went",    "children's", "o'clock", "fiance",   "comb",
-        "tuesday", "London",   "sam",      "mr",      "a",          "i",       "z",        "the",
-        "quick",   "brown",    "fox",      "jumps",   "over",       "lazy",    "dog",      "sells",
-        "shells",  "shore",    "every",    "morning", "please",     "call",    "bring",    "these",
-        "things",  "store",    "bought",   "some",    "fresh",      "apples",  "yesterday"}) {
+       {"its",     "it's",    "don't",    "i'm",      "I'm",       "stella",     "Stella",
+        "colour",  "color",   "organise", "organize", "went",      "children's", "o'clock",
+        "fiance",  "comb",    "tuesday",  "London",   "sam",       "mr",         "a",
+        "i",       "z",       "the",      "quick",    "brown",     "fox",        "jumps",
+        "over",    "lazy",    "dog",      "sells",    "shells",    "shore",      "every",
+        "morning", "please",  "call",     "bring",    "these",     "things",     "store",
+        "bought",  "some",    "fresh",    "apples",   "yesterday", "Rebecca",    "Amy",
+        "Roy",     "Ian",     "Leo",      "Liz",      "Noah",      "Amy's",      "app",
+        "id",      "covid",   "asap",     "lol",      "selfie",    "grandad",    "kerb",
+        "enrol",   "yoghurt", "mg",       "tram",     "soy",       "nerd",       "ale",
+        "hog",     "pun",     "ark",      "gel",      "peg",       "gran",       "wed",
+        "rots",    "leant",   "gaol",     "foetus",   "queueing",  "daren't",    "c'mon",
+        "C'mon",   "'em",     "there'll", "there'd",  "where'd",   "what'd",     "o'brien",
+        "o'neill", "l'oreal"}) {
     EXPECT_TRUE(words().isCorrect(word)) << word;
   }
 }
 
 TEST_F(ShippedEnglish, AcceptsEveryPieceThatAnApostropheCuts) {
-  for (const char* piece : {"didn", "doesn", "couldn", "isn", "won", "t", "s", "d", "m", "ll", "ve",
-                            "re", "o", "don", "ain"}) {
+  for (const char* piece :
+       {"didn", "doesn", "couldn", "isn",   "won", "t",  "s",  "d",  "m",     "ll",    "ve",   "re",
+        "o",    "don",   "ain",    "daren", "mon", "em", "ne", "er", "brien", "neill", "oreal"}) {
     EXPECT_TRUE(words().isCorrect(piece)) << piece;
   }
 }
 
 TEST_F(ShippedEnglish, RejectsTyposAndTheForbiddenShortcuts) {
-  for (const char* word : {"teh", "dont", "cant", "wont", "helllo", "im", "adn", "hte", "thw",
-                           "wsa", "recieve", "qqq", "zz", "tHe"}) {
+  for (const char* word :
+       {"teh", "dont", "cant", "wont", "helllo", "im", "adn", "hte", "thw", "wsa", "recieve", "qqq",
+        "zz", "tHe", "'", "didn's", "ll's", "t's", "don't's"}) {
     EXPECT_FALSE(words().isCorrect(word)) << word;
   }
 }
@@ -120,10 +131,40 @@ TEST_F(ShippedEnglish, GuessesMisspellings) {
 }
 
 TEST_F(ShippedEnglish, OffersOnlyWordsItAccepts) {
-  for (const char* typed : {"teh", "thhee", "wrng", "exmple", "kkng", "abotu", "Wrod", "SPELING"}) {
-    for (const auto& guess : words().guesses(typed)) EXPECT_TRUE(words().isCorrect(guess)) << guess;
-    for (const auto& word : words().completions(typed))
-      EXPECT_TRUE(words().isCorrect(word)) << word;
+  for (const char* typed : {"teh", "thhee", "wrng", "exmple", "abotu", "Wrod", "SPELING"}) {
+    const auto guesses = words().guesses(typed);
+    EXPECT_FALSE(guesses.empty()) << typed;
+    for (const auto& guess : guesses) EXPECT_TRUE(words().isCorrect(guess)) << guess;
+  }
+  for (const char* beginning : {"te", "th", "wron", "exam", "abou", "Wor", "SPEL"}) {
+    const auto completions = words().completions(beginning);
+    EXPECT_FALSE(completions.empty()) << beginning;
+    for (const auto& word : completions) EXPECT_TRUE(words().isCorrect(word)) << word;
+  }
+}
+
+TEST_F(ShippedEnglish, GuessesNothingForPossessivesAndApostrophes) {
+  for (const char* word : {"dog's", "dogs'", "'", "''"}) {
+    EXPECT_THAT(words().guesses(word), IsEmpty()) << word;
+  }
+}
+
+TEST_F(ShippedEnglish, NeverOffersVulgarWordsAndSlurs) {
+  const std::vector<std::pair<std::string, std::string>> rows{
+      {"shir", "shit"},   {"fick", "fuck"},  {"fuckk", "fuck"},   {"cunr", "cunt"},
+      {"bich", "bitch"},  {"pusy", "pussy"}, {"fagot", "faggot"}, {"dicj", "dick"},
+      {"penid", "penis"}, {"wankk", "wank"}, {"niger", "nigger"}, {"asshol", "asshole"},
+      {"whor", "whore"},  {"slutt", "slut"}, {"retar", "retard"}};
+  for (const auto& [typed, word] : rows) {
+    EXPECT_TRUE(words().isCorrect(word)) << word;
+    EXPECT_FALSE(words().mayBeSuggested(word)) << word;
+    EXPECT_THAT(words().guesses(typed), Not(Contains(word))) << typed;
+    for (std::size_t size = 1; size < word.size(); ++size) {
+      EXPECT_THAT(words().completions(word.substr(0, size)), Not(Contains(word))) << word;
+    }
+  }
+  for (const char* word : {"store", "don't", "paris"}) {
+    EXPECT_TRUE(words().mayBeSuggested(word)) << word;
   }
 }
 

@@ -18,8 +18,8 @@ using Texts = std::vector<std::string>;
 using Script = simulated::ScriptedSpellChecker::Script;
 
 /// The candidates of a word in such an English, with the built-in key layout.
-Texts candidates(const std::string& word, const Script& script, const Texts& allowList = {}) {
-  const simulated::ScriptedSpellChecker spellChecker(script);
+Texts candidates(const std::string& word, const SpellChecker& spellChecker,
+                 const Texts& allowList = {}) {
   simulated::InMemoryUserDefaults defaults;
   const simulated::InMemoryWorkspace workspace;
   UserSettings settings(defaults, workspace);
@@ -29,6 +29,16 @@ Texts candidates(const std::string& word, const Script& script, const Texts& all
   const NearbyKeys nearbyKeys(config);
   return CandidateGeneration(spellChecker, knownWords, nearbyKeys).generateCandidates(word);
 }
+
+Texts candidates(const std::string& word, const Script& script, const Texts& allowList = {}) {
+  return candidates(word, simulated::ScriptedSpellChecker(script), allowList);
+}
+
+class WithoutSuggestingDamn : public simulated::ScriptedSpellChecker {
+ public:
+  using ScriptedSpellChecker::ScriptedSpellChecker;
+  [[nodiscard]] bool mayBeSuggested(std::string_view word) const override { return word != "damn"; }
+};
 
 TEST(RepeatCollapseVariants, StartWithTheWordAndTakeTheSingleLetterFirst) {
   EXPECT_THAT(repeatCollapseVariants(""), IsEmpty());
@@ -71,6 +81,17 @@ TEST(Candidates, NeverEndInAPossessive) {
   const Script script{{"bob's", "bobs", "bob"}, {{"bob's", {"Bob'S", "Bob"}}}, {}};
   EXPECT_THAT(candidates("bob's", script), ElementsAre("Bob"));
   EXPECT_THAT(candidates("bob's", script, {"bob's"}), ElementsAre("Bob"));
+}
+
+TEST(Candidates, LeaveOutWhatMayNotBeSuggestedUnlessItWasTypedOrIsAllowed) {
+  const Script script{{"damn"}, {}, {}};
+  const WithoutSuggestingDamn spellChecker(script);
+  for (const char* word : {"dajn", "dam", "daamn"}) {
+    EXPECT_THAT(candidates(word, script), ElementsAre("damn")) << word;
+    EXPECT_THAT(candidates(word, spellChecker), IsEmpty()) << word;
+    EXPECT_THAT(candidates(word, spellChecker, {"damn"}), ElementsAre("damn")) << word;
+  }
+  EXPECT_THAT(candidates("Damn", spellChecker), ElementsAre("damn"));
 }
 
 TEST(Candidates, AreOnlyMadeForAsciiLettersAndApostrophes) {

@@ -219,7 +219,9 @@ Texts PlainReference::generateCandidates(const std::string& word) const {
   Texts valid;
   for (const auto& text : kept) {
     const bool isPossessive = text.ends_with("'s") || text.ends_with("'S");
-    if (!isPossessive && isKnownWord(lower(text))) valid.push_back(text);
+    const bool maySuggest =
+        isAllowed(text) || lower(text) == lower(word) || spellChecker_.mayBeSuggested(lower(text));
+    if (!isPossessive && isKnownWord(lower(text)) && maySuggest) valid.push_back(text);
   }
   return valid;
 }

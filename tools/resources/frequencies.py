@@ -17,18 +17,6 @@ def read_language_model(path):
     return words, pairs
 
 
-def zipf_line(spoken, rank_of):
-    """Intercept and slope of log10 probability over log10 rank, from the words both sources know."""
-    points = [(math.log10(rank + 10), spoken[word]) for word, rank in rank_of.items()
-              if word in spoken and rank < 40000]
-    count = len(points)
-    mean_x = sum(x for x, _ in points) / count
-    mean_y = sum(y for _, y in points) / count
-    slope = (sum((x - mean_x) * (y - mean_y) for x, y in points) /
-             sum((x - mean_x) ** 2 for x, _ in points))
-    return mean_y - slope * mean_x, slope
-
-
 def combined(spoken, written_order):
     """word -> log10 probability: the mean of the spoken probability and the one a written rank
     stands for. A word that only one source knows gets half of what that source says."""

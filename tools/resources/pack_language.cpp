@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
@@ -25,8 +26,11 @@ void pack(std::string_view kind, const char* from, const char* to) {
   std::ifstream input(from);
   if (!input) throw std::runtime_error(std::string("cannot read ") + from);
   const std::string bytes = packed(kind, input);
-  std::ofstream output(to, std::ios::binary);
-  if (!(output << bytes).flush()) throw std::runtime_error(std::string("cannot write ") + to);
+  // A program may have the old file mapped: it keeps that one until it is closed.
+  const std::string unfinished = std::string(to) + ".part";
+  std::ofstream output(unfinished, std::ios::binary);
+  if (!(output << bytes).flush()) throw std::runtime_error("cannot write " + unfinished);
+  std::filesystem::rename(unfinished, to);
 }
 
 }  // namespace

@@ -3,8 +3,8 @@
 import math
 
 ROWS = ("qwertyuiop", "asdfghjkl", "zxcvbnm")
-ROW_SHIFTS = (0.0, 0.25, 0.75)  # in key widths
-FARTHEST = 1.4
+ROW_SHIFTS = (0.0, 0.25, 0.75)  # in key widths, of a US keyboard
+FARTHEST = 1.4  # in key widths: both keys above and both below, not the second in the row
 # Every neighbour alike: which of them was meant is for the frequency of the words to say. From 0.175
 # on the engine applies a replaced key by itself; more than that lifts it over rarer kinds of slips.
 PROBABILITY = 0.35
