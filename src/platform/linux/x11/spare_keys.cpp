@@ -28,7 +28,7 @@ class SpareKeys::Keyboard {
       : map_(XkbGetMap(display, XkbKeySymsMask | XkbKeyTypesMask, XkbUseCoreKbd)) {
     XkbStateRec state{};
     XkbGetState(display, XkbUseCoreKbd, &state);
-    modifiers_ = XkbBuildCoreState(state.mods, state.group);
+    modifiers_ = static_cast<unsigned>(XkbBuildCoreState(state.mods, state.group));
     XQueryKeymap(display, downKeys_.data());
   }
   Keyboard(const Keyboard&) = delete;
