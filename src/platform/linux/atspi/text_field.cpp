@@ -74,7 +74,8 @@ std::optional<std::u16string> TextField::text(Range range) const {
   if (!hasText()) return std::nullopt;
   const GPointer<gchar> text(atspi_text_get_text(text_.get(), static_cast<gint>(range.start),
                                                  static_cast<gint>(range.end), nullptr));
-  if (text == nullptr) return std::nullopt;
+  // libatspi gives an empty text for no answer.
+  if (text == nullptr || (*text == '\0' && range.end > range.start)) return std::nullopt;
   return text::toUtf16(text.get());
 }
 
