@@ -20,9 +20,6 @@ class DeliveryQueue {
 
   void add(Delivery delivery);
 
-  /// Whether a delivery has begun and not ended.
-  [[nodiscard]] bool isDelivering() const { return isDelivering_; }
-
  private:
   void next();
   void finish();

@@ -1,6 +1,5 @@
 #include "platform/linux/other_applications.h"
 
-#include <algorithm>
 #include <atomic>
 #include <string>
 #include <utility>
@@ -14,7 +13,6 @@
 #include "platform/linux/key_identity.h"
 #include "platform/linux/x11/desktop_input.h"
 #include "platform/linux/x11/key_typist.h"
-#include "text/utf16.h"
 
 namespace mirvane {
 namespace {
@@ -72,13 +70,6 @@ class RemoteKeySource : public KeyEventSource {
   std::string text_;
 };
 
-/// The line end that fields hold, for the one that keys type.
-std::u16string asInFields(std::string_view typed) {
-  auto text = text::toUtf16(typed);
-  std::replace(text.begin(), text.end(), u'\r', u'\n');
-  return text;
-}
-
 /// Whether Backspaces may take this back without a look: in a chat it may have been sent, in a form
 /// the focus may be elsewhere.
 bool mayBeTakenBackBlindly(const std::u16string& text) {
@@ -101,7 +92,7 @@ class OtherApplications::Implementation {
           watch_.stop();
           return true;
         },
-        longestWait);
+        AccessibilityLink::longestWait);
     thread_.stop();
     input_.reset();
     // They hold fields, which the thread would have to let go of.
@@ -238,9 +229,7 @@ class OtherApplications::Implementation {
       const bool isBlind = field ? !field->hasText() : !watch_.isAccessible(processId);
       return isBlind && mayBeTakenBackBlindly(expected);
     }
-    const auto length = static_cast<std::int64_t>(expected.size());
-    return content->selection.length == 0 &&
-           content->text.text({content->selection.location - length, length}) == expected;
+    return content->selection.length == 0 && content->hasBeforeCaret(expected);
   }
 
   // On the main thread.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -21,11 +20,9 @@ namespace mirvane {
 /// keyboard; the accessibility thread waits until the application has dealt with the key, drops
 /// keys of passwords, and looks at the text; then the main thread hears of the key. What the main
 /// thread asks meanwhile is answered from that look; later questions wait for the application, but
-/// never longer than `longestWait`.
+/// never longer than a tenth of a second.
 class OtherApplications {
  public:
-  static constexpr std::chrono::milliseconds longestWait{100};
-
   /// Null where other applications are out of reach: without an X server, or under Wayland.
   [[nodiscard]] static std::unique_ptr<OtherApplications> connect(QtTaskQueue& tasks);
   ~OtherApplications();

@@ -14,6 +14,8 @@ namespace mirvane {
 /// each question.
 class AccessibilityLink {
  public:
+  static constexpr std::chrono::milliseconds longestWait{100};
+
   explicit AccessibilityLink(AccessibilityThread& thread) : thread_(thread) {}
 
   template <typename Answer>
@@ -29,7 +31,6 @@ class AccessibilityLink {
 
  private:
   using Clock = AccessibilityThread::Clock;
-  static constexpr std::chrono::milliseconds longestWait{100};
   static constexpr std::chrono::milliseconds pause{1000};
 
   AccessibilityThread& thread_;

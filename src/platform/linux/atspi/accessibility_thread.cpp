@@ -60,13 +60,18 @@ void AccessibilityThread::wakeUp() {
   g_main_context_wakeup(context_);
 }
 
-void AccessibilityThread::post(std::function<void()> task) {
+void AccessibilityThread::add(std::function<void()> task,
+                              std::deque<std::function<void()>>& queue) {
   {
     const std::lock_guard lock(mutex_);
     if (!isRunning_) return;
-    tasks_.push_back(std::move(task));
+    queue.push_back(std::move(task));
   }
   wakeUp();
+}
+
+void AccessibilityThread::post(std::function<void()> task) {
+  add(std::move(task), tasks_);
 }
 
 void AccessibilityThread::postLater(std::function<void()> task, std::chrono::milliseconds delay) {
@@ -77,12 +82,7 @@ void AccessibilityThread::postLater(std::function<void()> task, std::chrono::mil
 }
 
 void AccessibilityThread::call(std::function<void()> question) {
-  {
-    const std::lock_guard lock(mutex_);
-    if (!isRunning_) return;
-    calls_.push_back(std::move(question));
-  }
-  wakeUp();
+  add(std::move(question), calls_);
 }
 
 std::function<void()> AccessibilityThread::takeNext(bool onlyCalls) {

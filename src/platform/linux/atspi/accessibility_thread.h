@@ -68,6 +68,7 @@ class AccessibilityThread {
  private:
   void run();
   void call(std::function<void()> question);
+  void add(std::function<void()> task, std::deque<std::function<void()>>& queue);
   void wakeUp();
   [[nodiscard]] std::function<void()> takeNext(bool onlyCalls);
   void runCalls();

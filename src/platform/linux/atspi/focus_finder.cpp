@@ -4,6 +4,8 @@
 #include <optional>
 #include <utility>
 
+#include "platform/linux/atspi/accessible_state.h"
+
 namespace mirvane {
 namespace {
 
@@ -18,11 +20,6 @@ constexpr std::chrono::milliseconds longestSearch{150};
 constexpr std::chrono::milliseconds slowAnswer{180};
 constexpr std::chrono::milliseconds pauseLength{300};
 constexpr std::chrono::milliseconds trustInSurrounding{1000};
-
-bool hasState(AtspiAccessible* accessible, AtspiStateType state) {
-  const GObjectPointer<AtspiStateSet> states(atspi_accessible_get_state_set(accessible));
-  return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
-}
 
 bool takesText(AtspiAccessible* accessible) {
   const GObjectPointer<AtspiText> text(atspi_accessible_get_text_iface(accessible));

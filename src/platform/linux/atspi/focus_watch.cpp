@@ -5,8 +5,6 @@
 #include <array>
 #include <string_view>
 
-#include "text/utf16.h"
-
 namespace mirvane {
 namespace {
 
@@ -28,10 +26,7 @@ bool startsWith(const gchar* text, std::string_view prefix) {
 
 /// Whether the text before the caret is what a key has typed; always for keys that delete.
 bool endsWith(const FieldContent& content, const std::string& typed) {
-  if (typed == "\x7F") return true;
-  const auto expected = text::toUtf16(typed == "\r" ? "\n" : typed);
-  const auto length = static_cast<std::int64_t>(expected.size());
-  return content.text.text({content.selection.location - length, length}) == expected;
+  return typed == "\x7F" || content.hasBeforeCaret(asInFields(typed));
 }
 
 }  // namespace

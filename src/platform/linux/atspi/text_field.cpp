@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/linux/atspi/accessible_state.h"
 #include "text/utf16.h"
 
 namespace mirvane {
@@ -31,12 +32,18 @@ std::int64_t codePoints(std::string_view text) {
   });
 }
 
-bool hasState(AtspiAccessible* accessible, AtspiStateType state) {
-  const GObjectPointer<AtspiStateSet> states(atspi_accessible_get_state_set(accessible));
-  return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
+}  // namespace
+
+std::u16string asInFields(std::string_view typed) {
+  auto text = text::toUtf16(typed);
+  std::replace(text.begin(), text.end(), u'\r', u'\n');
+  return text;
 }
 
-}  // namespace
+bool FieldContent::hasBeforeCaret(std::u16string_view expected) const {
+  const auto length = static_cast<std::int64_t>(expected.size());
+  return text.text({selection.location - length, length}) == expected;
+}
 
 TextField::TextField(GObjectPointer<AtspiAccessible> accessible)
     : accessible_(std::move(accessible)),

@@ -15,7 +15,12 @@ namespace mirvane {
 struct FieldContent {
   TextWindow text;
   Utf16Range selection;
+
+  [[nodiscard]] bool hasBeforeCaret(std::u16string_view expected) const;
 };
+
+/// What fields hold for what keys have typed: Return types another line end than theirs.
+[[nodiscard]] std::u16string asInFields(std::string_view typed);
 
 /// An element of another application that may have the keyboard focus. Used on the accessibility
 /// thread alone; every operation asks the application. Offsets are the application's.

@@ -116,9 +116,7 @@ void KeyboardHold::endRepeat(std::uint32_t scanCode) {
 
 void KeyboardHold::noteRelease(std::uint32_t scanCode) {
   // The server takes a key to be down while one of its keyboards says so.
-  if (stillDown_.erase(scanCode) == 0) return;
-  post({scanCode, false, PostedKeys::Origin::silent, 0});
-  XFlush(display_.get());
+  if (stillDown_.erase(scanCode) > 0) endRepeat(scanCode);
 }
 
 void KeyboardHold::post(const PostedKeys::Key& key) {
