@@ -2,6 +2,7 @@
 #include <QFontDatabase>
 #include <QIcon>
 #include <QPainter>
+#include <optional>
 
 #include "app/app_flow_view.h"
 #include "app/composition.h"
@@ -12,15 +13,32 @@
 namespace {
 
 /// The toolkit would run GLib's default main context, which is the accessibility thread's. So would
-/// a look borrowed from GTK.
-void keepOffGlib() {
-  qputenv("QT_NO_GLIB", "1");
-  const auto theme = qgetenv("QT_QPA_PLATFORMTHEME");
-  const bool isKde = qgetenv("XDG_CURRENT_DESKTOP").contains("KDE");
-  if (theme.startsWith("gtk") || (theme.isEmpty() && !isKde)) {
-    qputenv("QT_QPA_PLATFORMTHEME", "generic");
+/// a look borrowed from GTK. To be there while the application is constructed: programs that it
+/// starts later find the environment as it was.
+class KeptOffGlib {
+ public:
+  KeptOffGlib() {
+    qputenv("QT_NO_GLIB", "1");
+    const bool isKde = qgetenv("XDG_CURRENT_DESKTOP").contains("KDE");
+    if (theme_.startsWith("gtk") || (theme_.isEmpty() && !isKde)) qputenv(themeVariable, "generic");
   }
-}
+
+  ~KeptOffGlib() {
+    qunsetenv("QT_NO_GLIB");
+    if (theme_.isNull()) {
+      qunsetenv(themeVariable);
+    } else {
+      qputenv(themeVariable, theme_);
+    }
+  }
+
+  KeptOffGlib(const KeptOffGlib&) = delete;
+  KeptOffGlib& operator=(const KeptOffGlib&) = delete;
+
+ private:
+  static constexpr const char* themeVariable = "QT_QPA_PLATFORMTHEME";
+  QByteArray theme_ = qgetenv(themeVariable);
+};
 
 void setIdentity() {
   QApplication::setApplicationName(QStringLiteral("mirvanetest"));
@@ -50,10 +68,9 @@ QIcon makeIcon() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  keepOffGlib();
+  auto keptOffGlib = std::make_optional<KeptOffGlib>();
   QApplication application(argc, argv);
-  // Programs that this one starts have their own main thread.
-  qunsetenv("QT_NO_GLIB");
+  keptOffGlib.reset();
   setIdentity();
   QApplication::setStyle(QStringLiteral("Fusion"));
   setFont();

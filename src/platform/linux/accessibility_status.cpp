@@ -2,7 +2,8 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusReply>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDBusVariant>
 
 namespace mirvane {
@@ -19,15 +20,34 @@ QDBusMessage propertyCall(const char* method, const QVariantList& value = {}) {
   return call;
 }
 
+QDBusPendingCall askWhetherEnabled() {
+  return QDBusConnection::sessionBus().asyncCall(propertyCall("Get"), timeoutMilliseconds);
+}
+
+std::optional<bool> answerOf(const QDBusPendingReply<QDBusVariant>& reply) {
+  if (reply.isError()) return std::nullopt;
+  return reply.value().variant().toBool();
+}
+
 }  // namespace
 
+AccessibilityStatus::AccessibilityStatus() {
+  QDBusPendingReply<QDBusVariant> reply = askWhetherEnabled();
+  reply.waitForFinished();
+  known_->isEnabled = answerOf(reply);
+}
+
 std::optional<bool> AccessibilityStatus::isEnabled() const {
-  const auto bus = QDBusConnection::sessionBus();
-  if (!bus.isConnected()) return std::nullopt;
-  const QDBusReply<QDBusVariant> reply =
-      bus.call(propertyCall("Get"), QDBus::Block, timeoutMilliseconds);
-  if (!reply.isValid()) return std::nullopt;
-  return reply.value().variant().toBool();
+  if (!known_->isAsking) {
+    known_->isAsking = true;
+    auto* const watcher = new QDBusPendingCallWatcher(askWhetherEnabled());
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
+                     [known = known_](QDBusPendingCallWatcher* finished) {
+                       *known = {answerOf(*finished), false};
+                       finished->deleteLater();
+                     });
+  }
+  return known_->isEnabled;
 }
 
 std::optional<std::string> AccessibilityStatus::enable() const {
@@ -35,7 +55,10 @@ std::optional<std::string> AccessibilityStatus::enable() const {
   if (!bus.isConnected()) return "This desktop session has no message bus.";
   const auto on = QVariant::fromValue(QDBusVariant(true));
   const auto reply = bus.call(propertyCall("Set", {on}), QDBus::Block, timeoutMilliseconds);
-  if (reply.type() != QDBusMessage::ErrorMessage) return std::nullopt;
+  if (reply.type() != QDBusMessage::ErrorMessage) {
+    known_->isEnabled = true;
+    return std::nullopt;
+  }
   return reply.errorMessage().toStdString();
 }
 

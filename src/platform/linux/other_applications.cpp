@@ -215,7 +215,11 @@ class OtherApplications::Implementation {
       deliveries_.add({[this, window] { activate(window); }, [] {}});
     }));
     // The first look at an application takes longest: before its first key.
-    if (!window.isOwn && !window.isTerminal) (void)watch_.focusedField(window.processId);
+    if (window.isOwn || window.isTerminal) {
+      watch_.leave();
+    } else {
+      (void)watch_.focusedField(window.processId);
+    }
     isSecure_ = watch_.isSecure();
   }
 

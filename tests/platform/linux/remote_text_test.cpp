@@ -51,21 +51,22 @@ TEST(TextWindow, AnswersOnlyWhatItHolds) {
 class Effects : public testing::Test {
  protected:
   KeyEffects::Id press(std::string_view text, int millisecond = 0) {
-    return effects.expect(&editor, text, start + std::chrono::milliseconds(millisecond));
+    return effects.expect(editor, text, start + std::chrono::milliseconds(millisecond));
   }
   void insert(std::string text, int millisecond = 500) {
-    effects.note(&editor, {true, std::move(text)}, start + std::chrono::milliseconds(millisecond));
+    effects.note(editor, {true, std::move(text)}, start + std::chrono::milliseconds(millisecond));
   }
 
   KeyEffects effects;
-  int editor = 0, other = 0;
+  const char* const editor = ":1.1";
+  const char* const other = ":1.2";
   KeyEffects::Clock::time_point start{};
 };
 
 TEST_F(Effects, InsertionOfJustItsTextShowsAKey) {
   const auto key = press("l");
-  effects.note(&other, {true, "l"}, start);
-  effects.note(&editor, {false, "l"}, start);
+  effects.note(other, {true, "l"}, start);
+  effects.note(editor, {false, "l"}, start);
   insert("hello");
   EXPECT_FALSE(effects.isShown(key)) << "another application, a deletion, another cause";
   insert("l");
@@ -94,7 +95,7 @@ TEST_F(Effects, ChangeMayBeAnnouncedBeforeTheKeyIsLookedAt) {
 
 TEST_F(Effects, KeysWithoutEffectAreGivenUp) {
   const auto ignored = press("x", 0), late = press("y", 400);
-  effects.giveUp(&editor, start + std::chrono::milliseconds(100));
+  effects.giveUp(editor, start + std::chrono::milliseconds(100));
   EXPECT_TRUE(effects.isShown(ignored));
   EXPECT_FALSE(effects.isShown(late));
   const auto next = press("z", 500);
@@ -108,7 +109,7 @@ TEST_F(Effects, BackspaceDeletesAndReturnMayIndent) {
   insert("\n    ");
   EXPECT_TRUE(effects.isShown(key));
   EXPECT_FALSE(effects.isShown(backspace));
-  effects.note(&editor, {false, "x"}, start);
+  effects.note(editor, {false, "x"}, start);
   EXPECT_TRUE(effects.isShown(backspace));
 }
 

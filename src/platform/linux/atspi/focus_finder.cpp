@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/linux/atspi/accessible_state.h"
+#include "platform/linux/atspi/application_name.h"
 
 namespace mirvane {
 namespace {
@@ -100,10 +101,9 @@ std::shared_ptr<TextField> FocusFinder::findAnew(int processId) {
   auto* const application = applicationOf(processId);
   if (application == nullptr) return nullptr;
   searchedAt_ = Clock::now();
-  const bool isAnnounced = announced_ != nullptr &&
-                           ATSPI_OBJECT(announced_.get())->app == ATSPI_OBJECT(application)->app &&
-                           takesText(announced_.get()) &&
-                           hasState(announced_.get(), ATSPI_STATE_FOCUSED);
+  const bool isAnnounced =
+      announced_ != nullptr && applicationName(announced_.get()) == applicationName(application) &&
+      takesText(announced_.get()) && hasState(announced_.get(), ATSPI_STATE_FOCUSED);
   return isAnnounced ? makeField(std::move(announced_)) : search(application);
 }
 
@@ -112,9 +112,9 @@ bool FocusFinder::mayTrustLast() const {
   return last_->hasText() || last_->isPassword() || Clock::now() < searchedAt_ + trustInSurrounding;
 }
 
-const void* FocusFinder::nameOf(int processId) {
+const char* FocusFinder::nameOf(int processId) {
   auto* const application = applicationOf(processId);
-  return application != nullptr ? ATSPI_OBJECT(application)->app : nullptr;
+  return application != nullptr ? applicationName(application) : nullptr;
 }
 
 bool FocusFinder::isUnanswered(int processId) const {

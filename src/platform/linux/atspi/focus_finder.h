@@ -26,9 +26,9 @@ class FocusFinder {
   /// Forgets everything.
   void clear();
 
-  /// Names the process among those that take part in accessibility, responsive or not; null when it
-  /// does not. Elements of the process have the same name as their `TextField::application`.
-  [[nodiscard]] const void* nameOf(int processId);
+  /// The process's `applicationName`, responsive or not; null when it takes no part in
+  /// accessibility.
+  [[nodiscard]] const char* nameOf(int processId);
 
   /// An element has announced that it has the focus now: the next search begins there.
   void noteFocused(AtspiAccessible* accessible);

@@ -1,9 +1,9 @@
 #include "platform/linux/atspi/focus_watch.h"
 
-#include <unistd.h>
-
 #include <array>
 #include <string_view>
+
+#include "platform/linux/atspi/application_name.h"
 
 namespace mirvane {
 namespace {
@@ -62,7 +62,7 @@ void FocusWatch::onEvent(AtspiEvent* event, void* self) {
 
 void FocusWatch::noteChange(const AtspiEvent& event, bool isInsertion) {
   if (event.source == nullptr) return;
-  const auto* const application = ATSPI_OBJECT(event.source)->app;
+  const auto* const application = applicationName(event.source);
   const gchar* const text =
       G_VALUE_HOLDS_STRING(&event.any_data) ? g_value_get_string(&event.any_data) : nullptr;
   effects_.note(application, {isInsertion, text != nullptr ? text : ""}, Clock::now());
@@ -72,18 +72,11 @@ void FocusWatch::noteChange(const AtspiEvent& event, bool isInsertion) {
 
 void FocusWatch::noteFocus(const AtspiEvent& event) {
   const bool hasGained = event.detail1 != 0;
-  if (event.source == nullptr || !hasGained || isOwn(event.source)) return;
+  if (event.source == nullptr || !hasGained) return;
   finder_.noteFocused(event.source);
+  // The others are not asked: this process among them, which may be waiting for this thread.
+  if (applicationName(event.source) != inFront_) return;
   setSecure(atspi_accessible_get_role(event.source, nullptr) == ATSPI_ROLE_PASSWORD_TEXT);
-}
-
-bool FocusWatch::isOwn(AtspiAccessible* accessible) {
-  const auto [known, isNew] = isOwn_.try_emplace(ATSPI_OBJECT(accessible)->app, false);
-  if (isNew) {
-    const auto processId = atspi_accessible_get_process_id(accessible, nullptr);
-    known->second = static_cast<pid_t>(processId) == getpid();
-  }
-  return known->second;
 }
 
 void FocusWatch::setSecure(bool isSecure) {
@@ -91,7 +84,14 @@ void FocusWatch::setSecure(bool isSecure) {
   isSecure_ = isSecure;
 }
 
+void FocusWatch::enter(KeyEffects::Application application) {
+  // Nothing is known of the new one yet.
+  if (application != inFront_) setSecure(false);
+  inFront_ = application;
+}
+
 std::shared_ptr<TextField> FocusWatch::focusedField(int processId) {
+  enter(finder_.nameOf(processId));
   auto field = finder_.find(processId);
   // An application that does not answer may still have its password field in front.
   if (field) {

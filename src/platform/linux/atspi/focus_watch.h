@@ -42,8 +42,11 @@ class FocusWatch {
   [[nodiscard]] KeyContext contextOfKey(int processId, const std::optional<std::string>& text,
                                         Clock::time_point pressedAt);
 
-  /// The focused element of the process; null when there is none to be reached.
+  /// The focused element of the process, which is in front; null when there is none to be reached.
   [[nodiscard]] std::shared_ptr<TextField> focusedField(int processId);
+
+  /// An own window or one that is not asked anything is in front now.
+  void leave() { enter(nullptr); }
 
   /// Whether the application takes part in accessibility at all.
   [[nodiscard]] bool isAccessible(int processId) { return finder_.nameOf(processId) != nullptr; }
@@ -60,7 +63,7 @@ class FocusWatch {
   static void onEvent(AtspiEvent* event, void* self);
   void noteChange(const AtspiEvent& event, bool isInsertion);
   void noteFocus(const AtspiEvent& event);
-  [[nodiscard]] bool isOwn(AtspiAccessible* accessible);
+  void enter(KeyEffects::Application application);
   void setSecure(bool isSecure);
   [[nodiscard]] std::optional<FieldContent> readBehind(const TextField& field,
                                                        const std::string& typed);
@@ -74,9 +77,8 @@ class FocusWatch {
   AtspiEventListener* listener_ = nullptr;
   bool isSecure_ = false;
   Clock::time_point lastSecure_{};
-  /// Whether an application is this process, which must not be asked anything from here: it may
-  /// be waiting for an answer of this thread.
-  std::unordered_map<KeyEffects::Application, bool> isOwn_;
+  /// The application that has the keyboard; null when it is none that is asked anything.
+  KeyEffects::Application inFront_ = nullptr;
   /// The applications that announce their changes.
   std::unordered_set<KeyEffects::Application> announcing_;
   /// How many keys in a row an application has shown no effect of.

@@ -14,8 +14,8 @@ namespace mirvane {
 class KeyEffects {
  public:
   using Clock = std::chrono::steady_clock;
-  /// Names an application; the value has no other meaning.
-  using Application = const void*;
+  /// Names an application (see `applicationName`): the pointer is compared, not what it points to.
+  using Application = const char*;
   enum class Id : std::uint64_t {};
 
   struct Change {

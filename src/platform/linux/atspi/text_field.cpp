@@ -59,10 +59,6 @@ bool TextField::isFocused() const {
   return hasState(accessible_.get(), ATSPI_STATE_FOCUSED);
 }
 
-const void* TextField::application() const {
-  return ATSPI_OBJECT(accessible_.get())->app;
-}
-
 std::optional<std::int64_t> TextField::caret() const {
   const int offset = hasText() ? atspi_text_get_caret_offset(text_.get(), nullptr) : -1;
   if (offset < 0) return std::nullopt;

@@ -48,9 +48,6 @@ class TextField {
   /// Whether it claims to take editable text.
   [[nodiscard]] bool isEditable() const { return editableText_ != nullptr && hasText(); }
 
-  /// The same for all elements of one application while it runs.
-  [[nodiscard]] const void* application() const;
-
   /// The text around the caret, however long the whole is, from `start` on where that is given and
   /// near enough. Absent when the element has no text, hides it, or does not answer.
   [[nodiscard]] std::optional<FieldContent> read(std::optional<std::int64_t> start = {}) const;
