@@ -1,6 +1,7 @@
 #include "platform/linux/other_applications.h"
 
 #include <atomic>
+#include <chrono>
 #include <string>
 #include <utility>
 
@@ -16,6 +17,11 @@
 
 namespace mirvane {
 namespace {
+
+/// How often, and how long after each other, a window that has just come to the front is searched
+/// for its focused element.
+constexpr int mostLooksAhead = 10;
+constexpr std::chrono::milliseconds betweenLooks{400};
 
 constexpr std::uint64_t commandModifiers = modifier::control | modifier::option | modifier::command;
 
@@ -214,13 +220,22 @@ class OtherApplications::Implementation {
     tasks_.post(lifetime_.guard([this, window] {
       deliveries_.add({[this, window] { activate(window); }, [] {}});
     }));
-    // The first look at an application takes longest: before its first key.
+    windowInFront_ = window.id;
     if (window.isOwn || window.isTerminal) {
       watch_.leave();
     } else {
-      (void)watch_.focusedField(window.processId);
+      lookAhead(window, mostLooksAhead);
     }
     isSecure_ = watch_.isSecure();
+  }
+
+  /// The first look at an application takes longest, above all while it is starting: before its
+  /// first key.
+  void lookAhead(const DesktopWindow& window, int looksLeft) {
+    if (windowInFront_ != window.id) return;
+    if (watch_.focusedField(window.processId) || looksLeft == 0) return;
+    thread_.postLater([this, window, looksLeft] { lookAhead(window, looksLeft - 1); },
+                      betweenLooks);
   }
 
   [[nodiscard]] bool mayStandBeforeCaret(int processId, const std::u16string& expected) {
@@ -286,6 +301,8 @@ class OtherApplications::Implementation {
   bool isInKey_ = false;
   std::shared_ptr<RemoteTextElement> element_;
   std::atomic<bool> isSecure_ = false;
+  /// Of the accessibility thread.
+  std::uint64_t windowInFront_ = 0;
   /// Of the accessibility thread: keys were dropped, and no word has been begun since.
   bool hasMissedKeys_ = false;
   /// Of the main thread: the key at hand follows the ones that were reported before it.

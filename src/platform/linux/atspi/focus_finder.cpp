@@ -27,6 +27,11 @@ bool takesText(AtspiAccessible* accessible) {
   return text != nullptr;
 }
 
+bool isFocusedText(AtspiAccessible* accessible, const char* application) {
+  return accessible != nullptr && applicationName(accessible) == application &&
+         takesText(accessible) && hasState(accessible, ATSPI_STATE_FOCUSED);
+}
+
 /// The focused element below `root`, by one question; null when there is none, absent when the
 /// toolkit does not answer such questions.
 std::optional<Accessible> queryFocused(AtspiAccessible* root) {
@@ -101,10 +106,12 @@ std::shared_ptr<TextField> FocusFinder::findAnew(int processId) {
   auto* const application = applicationOf(processId);
   if (application == nullptr) return nullptr;
   searchedAt_ = Clock::now();
-  const bool isAnnounced =
-      announced_ != nullptr && applicationName(announced_.get()) == applicationName(application) &&
-      takesText(announced_.get()) && hasState(announced_.get(), ATSPI_STATE_FOCUSED);
-  return isAnnounced ? makeField(std::move(announced_)) : search(application);
+  for (auto* const hint : {&focused_, &changed_}) {
+    if (isFocusedText(hint->get(), applicationName(application))) {
+      return makeField(std::move(*hint));
+    }
+  }
+  return search(application);
 }
 
 /// The text in a focused surrounding may come up only after it.
@@ -123,12 +130,18 @@ bool FocusFinder::isUnanswered(int processId) const {
 
 void FocusFinder::clear() {
   last_.reset();
-  announced_.reset();
+  focused_.reset();
+  changed_.reset();
   applications_.clear();
 }
 
 void FocusFinder::noteFocused(AtspiAccessible* accessible) {
-  announced_.reset(static_cast<AtspiAccessible*>(g_object_ref(accessible)));
+  focused_.reset(static_cast<AtspiAccessible*>(g_object_ref(accessible)));
+}
+
+void FocusFinder::noteChanged(AtspiAccessible* accessible) {
+  if (changed_.get() == accessible) return;
+  changed_.reset(static_cast<AtspiAccessible*>(g_object_ref(accessible)));
 }
 
 std::shared_ptr<TextField> FocusFinder::makeField(Accessible accessible) {

@@ -30,8 +30,10 @@ class FocusFinder {
   /// accessibility.
   [[nodiscard]] const char* nameOf(int processId);
 
-  /// An element has announced that it has the focus now: the next search begins there.
+  /// An element has announced that it has the focus now, or that its text has changed: the next
+  /// search begins there.
   void noteFocused(AtspiAccessible* accessible);
+  void noteChanged(AtspiAccessible* accessible);
 
  private:
   /// An application that has just let a question go unanswered is not asked for a moment.
@@ -53,7 +55,8 @@ class FocusFinder {
   int lastProcessId_ = 0;
   std::chrono::steady_clock::time_point searchedAt_{};
   Pause pause_;
-  GObjectPointer<AtspiAccessible> announced_;
+  GObjectPointer<AtspiAccessible> focused_;
+  GObjectPointer<AtspiAccessible> changed_;
 };
 
 }  // namespace mirvane

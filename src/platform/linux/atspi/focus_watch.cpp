@@ -65,6 +65,7 @@ void FocusWatch::noteChange(const AtspiEvent& event, bool isInsertion) {
   const auto* const application = applicationName(event.source);
   const gchar* const text =
       G_VALUE_HOLDS_STRING(&event.any_data) ? g_value_get_string(&event.any_data) : nullptr;
+  if (application == inFront_) finder_.noteChanged(event.source);
   effects_.note(application, {isInsertion, text != nullptr ? text : ""}, Clock::now());
   announcing_.insert(application);
   silence_.erase(application);
