@@ -56,6 +56,11 @@ void AccessibilityThread::stop() {
   }
 }
 
+bool AccessibilityThread::isWaitedFor() const {
+  const std::lock_guard lock(mutex_);
+  return !tasks_.empty() || !calls_.empty();
+}
+
 void AccessibilityThread::wakeUp() {
   g_main_context_wakeup(context_);
 }

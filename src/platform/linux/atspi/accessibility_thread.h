@@ -61,6 +61,9 @@ class AccessibilityThread {
     return std::move(shared->answer);
   }
 
+  /// Whether tasks or calls wait for the one that runs now.
+  [[nodiscard]] bool isWaitedFor() const;
+
   /// On the thread: lets events of the applications in until `condition` holds. False when it did
   /// not before `deadline`.
   bool waitUntil(const std::function<bool()>& condition, Clock::time_point deadline);
@@ -74,7 +77,7 @@ class AccessibilityThread {
   void runCalls();
 
   _GMainContext* context_;
-  std::mutex mutex_;
+  mutable std::mutex mutex_;
   std::deque<std::function<void()>> tasks_;
   std::deque<std::function<void()>> calls_;
   bool isRunning_ = true;

@@ -16,7 +16,9 @@ using Accessible = GObjectPointer<AtspiAccessible>;
 /// A window with this many elements is searched in part; see the search by query below for those
 /// that have more.
 constexpr int mostElements = 2000;
+/// A slow application is searched for longer while nobody waits.
 constexpr std::chrono::milliseconds longestSearch{150};
+constexpr std::chrono::milliseconds longestQuietSearch{2000};
 
 constexpr std::chrono::milliseconds slowAnswer{180};
 constexpr std::chrono::milliseconds pauseLength{300};
@@ -59,6 +61,8 @@ std::optional<Accessible> queryFocused(AtspiAccessible* root) {
 /// before what is none.
 class Walk {
  public:
+  explicit Walk(const AccessibilityThread& thread) : thread_(thread) {}
+
   /// `root` itself is not looked at.
   Accessible focusedBelow(AtspiAccessible* root) {
     Accessible other;
@@ -80,10 +84,15 @@ class Walk {
     return nullptr;
   }
 
-  bool mayGoOn() { return ++elements_ < mostElements && Clock::now() < deadline_; }
+  bool mayGoOn() {
+    if (++elements_ >= mostElements) return false;
+    const auto time = Clock::now() - start_;
+    return time < longestSearch || (time < longestQuietSearch && !thread_.isWaitedFor());
+  }
 
+  const AccessibilityThread& thread_;
   int elements_ = 0;
-  Clock::time_point deadline_ = Clock::now() + longestSearch;
+  Clock::time_point start_ = Clock::now();
 };
 
 }  // namespace
@@ -91,15 +100,14 @@ class Walk {
 std::shared_ptr<TextField> FocusFinder::find(int processId) {
   if (isUnanswered(processId)) return nullptr;
   const auto askedAt = Clock::now();
+  const auto isSlow = [askedAt] { return Clock::now() - askedAt >= slowAnswer; };
   const bool isKnown = last_ && lastProcessId_ == processId && last_->isFocused();
   if (isKnown && mayTrustLast()) return last_;
-  if (Clock::now() - askedAt < slowAnswer) last_ = findAnew(processId);
+  last_ = isSlow() ? nullptr : findAnew(processId);
   lastProcessId_ = processId;
-  if (Clock::now() - askedAt < slowAnswer) return last_;
   // Whether there is a focused element could not be found out.
-  pause_ = {processId, Clock::now() + pauseLength};
-  last_.reset();
-  return nullptr;
+  if (!last_ && isSlow()) pause_ = {processId, Clock::now() + pauseLength};
+  return last_;
 }
 
 std::shared_ptr<TextField> FocusFinder::findAnew(int processId) {
@@ -140,6 +148,7 @@ void FocusFinder::noteFocused(AtspiAccessible* accessible) {
 }
 
 void FocusFinder::noteChanged(AtspiAccessible* accessible) {
+  pause_ = {};
   if (changed_.get() == accessible) return;
   changed_.reset(static_cast<AtspiAccessible*>(g_object_ref(accessible)));
 }
@@ -174,7 +183,7 @@ std::shared_ptr<TextField> FocusFinder::search(AtspiAccessible* application) {
     const Accessible window(atspi_accessible_get_child_at_index(application, i, nullptr));
     if (window == nullptr || !hasState(window.get(), ATSPI_STATE_ACTIVE)) continue;
     auto found = queryFocused(window.get());
-    if (!found) found = Walk().focusedBelow(window.get());
+    if (!found) found = Walk(thread_).focusedBelow(window.get());
     if (*found != nullptr) return makeField(std::move(*found));
   }
   return nullptr;

@@ -30,9 +30,9 @@ class FocusFinder {
   /// accessibility.
   [[nodiscard]] const char* nameOf(int processId);
 
-  /// An element has announced that it has the focus now, or that its text has changed: the next
-  /// search begins there.
+  /// An element has announced that it has the focus now: the next search begins there.
   void noteFocused(AtspiAccessible* accessible);
+  /// The same for one in front whose text has changed. Its application does answer.
   void noteChanged(AtspiAccessible* accessible);
 
  private:
