@@ -165,6 +165,12 @@ class Terminal(Editor):
 class WebPage(Editor):
     """A text area with the focus, in a browser."""
 
+    def await_ready(self):
+        """Browsers lose keys while they start."""
+        super().await_ready()
+        self.await_idle()
+        return self
+
     def address_of_document(self):
         with open(self.path, encoding="utf-8") as file:
             text = file.read()

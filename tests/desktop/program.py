@@ -17,6 +17,8 @@ PATIENCE = 10  # seconds until something awaited counts as missing
 ANSWER = 2000  # ms that a program may take for one answer
 
 
+# Where things stand in /proc/PID/stat once the name of the program is left out.
+_PID, _PARENT, _USER_TICKS, _SYSTEM_TICKS, _STARTED = 0, 2, 12, 13, 20
 _TYPED_INTO = (Atspi.StateType.EDITABLE, Atspi.StateType.FOCUSED)
 
 
@@ -129,6 +131,24 @@ class Program:
                 return child
         return None
 
+    def await_idle(self, seconds=0.5):
+        """Until it and the programs it started have done next to nothing for so long."""
+        def is_idle():
+            before = self._processor_seconds()
+            time.sleep(seconds)
+            return self._processor_seconds() - before < 0.05 * seconds
+        wait_for(is_idle, "the end of its work", patience=60)
+
+    def _processor_seconds(self):
+        stats = [stat for stat in map(_stat_of, os.listdir("/proc")) if stat]
+        family = {str(self.pid)}
+        for stat in sorted(stats, key=lambda stat: int(stat[_STARTED])):
+            if stat[_PARENT] in family:
+                family.add(stat[_PID])
+        ticks = sum(int(stat[_USER_TICKS]) + int(stat[_SYSTEM_TICKS]) for stat in stats
+                    if stat[_PID] in family)
+        return ticks / os.sysconf("SC_CLK_TCK")
+
     def elements(self):
         """Every element of the program, each before its children."""
         return _walk(self._tree)
@@ -152,6 +172,16 @@ class Program:
             if element.get_text_iface() and all(has_state(element, state) for state in _TYPED_INTO):
                 return element
         return None
+
+
+def _stat_of(pid):
+    """What the system says of a process; none when it has gone or is not one."""
+    try:
+        with open(f"/proc/{pid}/stat", encoding="utf-8") as file:
+            head, _, tail = file.read().rpartition(") ")
+    except OSError:
+        return None
+    return [head.partition(" ")[0], *tail.split()]
 
 
 def _walk(element):

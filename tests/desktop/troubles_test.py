@@ -114,7 +114,8 @@ class Closed(TroublesTest):
             key = self.begin_replacement(moment)
             editor.close_window()
             self.end_replacement(key)
-            self.assertIn(editor.settled_text(), ("becuase ", "because "))
+            # Its question may come up before the space, which goes there then.
+            self.assertIn(editor.settled_text(), ("becuase", "becuase ", "because "))
             editor.close()
 
     def test_window_goes(self):

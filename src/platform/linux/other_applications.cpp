@@ -34,10 +34,9 @@ InputEvent inputEventOf(const WatchedKey& key) {
           0};
 }
 
-/// When the key was pressed: the X server's clock is the system's.
-FocusWatch::Clock::time_point pressTimeOf(const WatchedKey& key) {
+FocusWatch::Clock::time_point timePoint(double uptimeSeconds) {
   return FocusWatch::Clock::time_point(std::chrono::duration_cast<FocusWatch::Clock::duration>(
-      std::chrono::duration<double>(key.timestamp)));
+      std::chrono::duration<double>(uptimeSeconds)));
 }
 
 /// The text whose appearance shows that the application has dealt with the key; absent for keys
@@ -110,9 +109,7 @@ class OtherApplications::Implementation {
     if (display == nullptr) return false;
     typist_.emplace(std::move(display), posted_);
     input_ = DesktopInput::start(
-        posted_, {[this](const DesktopKey& key) {
-                    thread_.post([this, key] { handle(key, pressTimeOf(key.key)); });
-                  },
+        posted_, {[this](const DesktopKey& key) { thread_.post([this, key] { handle(key); }); },
                   [this](double timestamp) {
                     thread_.post([this, timestamp] { handlePointer(timestamp); });
                   },
@@ -145,7 +142,7 @@ class OtherApplications::Implementation {
       if (found.field) found.content = found.field->read();
       return found;
     });
-    auto element = context ? elementFor(std::move(*context), window_->id) : nullptr;
+    auto element = context ? elementFor(std::move(*context)) : nullptr;
     if (isInKey_) element_ = element;
     return element;
   }
@@ -155,16 +152,16 @@ class OtherApplications::Implementation {
   }
 
   [[nodiscard]] std::unique_ptr<KeyEventSource> createSource(std::string_view textBeforeCaret) {
-    if (!window_ || window_->isOwn || !mayType_) return nullptr;
+    if (!window_ || window_->isOwn || !mayType_ || !input_->isHolding(hold_)) return nullptr;
     const auto mayType = [this, processId = window_->processId,
                           expected = asInFields(textBeforeCaret)] {
       return typist_->canType() && mayStandBeforeCaret(processId, expected);
     };
     if (!link_.ask<bool>(mayType).value_or(false)) return nullptr;
     return std::make_unique<RemoteKeySource>(
-        [this, window = window_->id, mayType](std::int64_t deleteCount, const std::string& text) {
-          thread_.post([this, window, mayType, deleteCount, text] {
-            writer_->type(window, deleteCount, text, mayType);
+        [this, place = place(), mayType](std::int64_t deleteCount, const std::string& text) {
+          thread_.post([this, place, mayType, deleteCount, text] {
+            writer_->type(place, deleteCount, text, mayType);
           });
         });
   }
@@ -172,20 +169,20 @@ class OtherApplications::Implementation {
  private:
   // On the accessibility thread.
 
-  void handle(const DesktopKey& key, FocusWatch::Clock::time_point pressedAt) {
-    auto context = contextOf(key, pressedAt);
+  void handle(const DesktopKey& key) {
+    auto context = contextOf(key);
     isSecure_ = watch_.isSecure();
     if (context.isSecure) {
       hasMissedKeys_ = true;
-      if (key.isHolding) input_->giveBack();
+      input_->giveBack(key.hold);
       return;
     }
     const bool mayCorrect = !hasMissedKeys_;
     // What the engine has in mind belongs to the word before the missed keys, until it has heard of
     // the one that is being typed.
     if (hasMissedKeys_ && key.key.isDown) {
-      hasMissedKeys_ = key.isHolding;
-      if (key.isHolding) context.content.reset();
+      hasMissedKeys_ = key.hold != KeyHold::none;
+      if (hasMissedKeys_) context.content.reset();
     }
     // std::function wants what it holds to be copyable.
     auto shared = std::make_shared<KeyContext>(std::move(context));
@@ -194,17 +191,21 @@ class OtherApplications::Implementation {
                          mayType_ = mayCorrect;
                          begin(key, std::move(*shared));
                        },
-                       [this, isHolding = key.isHolding] { end(isHolding); }});
+                       [this, hold = key.hold] { end(hold); }});
     }));
   }
 
-  [[nodiscard]] KeyContext contextOf(const DesktopKey& key,
-                                     FocusWatch::Clock::time_point pressedAt) {
+  [[nodiscard]] KeyContext contextOf(const DesktopKey& key) {
+    const AwaitedKey awaited{effectOf(key.key), timePoint(key.key.timestamp),
+                             timePoint(key.key.deliveredAt)};
     KeyContext context;
-    context.isSecure = key.window.isTerminal || watch_.wasSecure(pressedAt);
+    context.isSecure = key.window.isTerminal || watch_.wasSecure(awaited.pressedAt);
     // Releases change nothing that anybody asks about.
     if (context.isSecure || !key.key.isDown) return context;
-    return watch_.contextOfKey(key.window.processId, effectOf(key.key), pressedAt);
+    context = watch_.contextOfKey(key.window.processId, awaited);
+    // What stands there may be the work of later keys, and theirs the word that would be corrected.
+    if (key.hold != KeyHold::none && !input_->isHolding(key.hold)) context.content.reset();
+    return context;
   }
 
   void handlePointer(double timestamp) {
@@ -256,16 +257,18 @@ class OtherApplications::Implementation {
   void begin(const DesktopKey& key, KeyContext context) {
     window_ = key.window;
     if (context.content) link_.unmute();
-    element_ = elementFor(std::move(context), key.window.id);
+    hold_ = key.hold;
+    element_ = elementFor(std::move(context));
     isInKey_ = true;
     report(inputEventOf(key.key));
   }
 
-  void end(bool isHolding) {
+  void end(KeyHold hold) {
     isInKey_ = false;
+    hold_ = KeyHold::none;
     element_.reset();
     // Behind the keys that are to be typed first.
-    if (isHolding) thread_.post([this] { input_->giveBack(); });
+    if (hold != KeyHold::none) thread_.post([this, hold] { input_->giveBack(hold); });
   }
 
   void activate(const DesktopWindow& window) {
@@ -277,11 +280,12 @@ class OtherApplications::Implementation {
     if (onInput_) onInput_(event);
   }
 
-  [[nodiscard]] std::shared_ptr<RemoteTextElement> elementFor(KeyContext context,
-                                                              std::uint64_t window) {
+  [[nodiscard]] FieldWriter::Place place() const { return {window_->id, hold_}; }
+
+  [[nodiscard]] std::shared_ptr<RemoteTextElement> elementFor(KeyContext context) {
     if (!context.field || !context.content) return nullptr;
     return std::make_shared<RemoteTextElement>(RemoteTextElement::Services{link_, *writer_},
-                                               std::move(context.field), window,
+                                               std::move(context.field), place(),
                                                std::move(*context.content));
   }
 
@@ -299,6 +303,7 @@ class OtherApplications::Implementation {
   std::optional<DesktopWindow> window_;
   /// While the handlers of a key are at work, what the application looked like after it.
   bool isInKey_ = false;
+  KeyHold hold_ = KeyHold::none;
   std::shared_ptr<RemoteTextElement> element_;
   std::atomic<bool> isSecure_ = false;
   /// Of the accessibility thread.

@@ -49,14 +49,14 @@ bool awaitText(const TextField& field, const Replacement& replacement) {
 
 }  // namespace
 
-bool FieldWriter::replace(const std::shared_ptr<TextField>& field, std::uint64_t window,
+bool FieldWriter::replace(const std::shared_ptr<TextField>& field, const Place& place,
                           const Replacement& replacement) {
   if (field->text(replacement.range) != replacement.replaced) return false;
   const auto outcome = replaceEditable(*field, replacement);
   if (outcome == Outcome::unknown) finishLater(field, replacement, mostAttempts);
   if (outcome != Outcome::unchanged) return outcome == Outcome::done;
   if (!field->isFocused()) return false;
-  return typist_.canType() && replaceByTyping(*field, window, replacement) == Outcome::done;
+  return typist_.canType() && replaceByTyping(*field, place, replacement) == Outcome::done;
 }
 
 FieldWriter::Outcome FieldWriter::replaceEditable(const TextField& field,
@@ -91,10 +91,10 @@ void FieldWriter::finishLater(const std::shared_ptr<TextField>& field,
       attemptInterval);
 }
 
-FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, std::uint64_t window,
+FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const Place& place,
                                                   const Replacement& replacement) {
   auto outcome = Outcome::unchanged;
-  input_.withKeysHeldBack([&] {
+  input_.withKeysHeldBack(place.hold, [&] {
     // Up to the caret, so that it ends where it was: what the participant types next goes there.
     const auto caret = field.caret();
     const auto& range = replacement.range;
@@ -105,7 +105,7 @@ FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, std::u
     // Where select does nothing, the Backspaces delete as much.
     const bool isSelected = select(field, {range.start, *caret}, *old);
     const auto deleteCount = isSelected ? (text.empty() ? 1 : 0) : *caret - range.start;
-    if (!typist_.type(window, deleteCount, text)) return;
+    if (!typist_.type(place.window, deleteCount, text)) return;
     outcome = awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
   });
   return outcome;
@@ -121,11 +121,11 @@ bool FieldWriter::select(const TextField& field, TextField::Range range,
   return await([&] { return field.isSelected(range); }, longestSelection);
 }
 
-bool FieldWriter::type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
+bool FieldWriter::type(const Place& place, std::int64_t deleteCount, std::string_view text,
                        const std::function<bool()>& mayType) {
   bool isTyped = false;
-  input_.withKeysHeldBack([&] {
-    if (typist_.canType() && mayType()) isTyped = typist_.type(window, deleteCount, text);
+  input_.withKeysHeldBack(place.hold, [&] {
+    if (typist_.canType() && mayType()) isTyped = typist_.type(place.window, deleteCount, text);
   });
   return isTyped;
 }

@@ -20,20 +20,26 @@ class FieldWriter {
   FieldWriter(AccessibilityThread& thread, DesktopInput& input, KeyTypist& typist)
       : thread_(thread), input_(input), typist_(typist) {}
 
+  /// Where keys may be typed: nowhere but in this window, and no longer than no key of the
+  /// participant has followed the one that led to the replacement.
+  struct Place {
+    std::uint64_t window = 0;
+    KeyHold hold = KeyHold::none;
+  };
+
   struct Replacement {
     TextField::Range range;
     std::u16string replaced;  ///< what the field must hold there, else nothing is written
     std::string text;
   };
 
-  /// `window` is the one that must have the focus for keys to be typed. False when the field holds
-  /// its old text afterwards, or does not tell.
-  bool replace(const std::shared_ptr<TextField>& field, std::uint64_t window,
+  /// False when the field holds its old text afterwards, or does not tell.
+  bool replace(const std::shared_ptr<TextField>& field, const Place& place,
                const Replacement& replacement);
 
-  /// Types Backspaces and `text` into the window, and keeps the participant's keys behind them.
-  /// `mayType` is asked once no key can come in between any more.
-  bool type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
+  /// Types Backspaces and `text`, and keeps the participant's keys behind them. `mayType` is asked
+  /// once no key can come in between any more.
+  bool type(const Place& place, std::int64_t deleteCount, std::string_view text,
             const std::function<bool()>& mayType);
 
  private:
@@ -42,7 +48,7 @@ class FieldWriter {
   Outcome replaceEditable(const TextField& field, const Replacement& replacement);
   void finishLater(const std::shared_ptr<TextField>& field, const Replacement& replacement,
                    int attemptsLeft);
-  Outcome replaceByTyping(const TextField& field, std::uint64_t window,
+  Outcome replaceByTyping(const TextField& field, const Place& place,
                           const Replacement& replacement);
   static bool select(const TextField& field, TextField::Range range, const std::u16string& text);
 

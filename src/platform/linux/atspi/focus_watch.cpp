@@ -104,24 +104,23 @@ std::shared_ptr<TextField> FocusWatch::focusedField(int processId) {
   return field;
 }
 
-KeyContext FocusWatch::contextOfKey(int processId, const std::optional<std::string>& text,
-                                    Clock::time_point pressedAt) {
+KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
   const auto* const application = finder_.nameOf(processId);
-  std::optional<KeyEffects::Id> key;
-  if (text) key = expectEffect(application, *text, pressedAt);
+  const auto effect = expectEffect(application, key);
   auto field = focusedField(processId);
   // The last key of a password may have moved the focus on.
-  if (wasSecure(pressedAt)) return {true, nullptr, std::nullopt};
+  if (wasSecure(key.pressedAt)) return {true, nullptr, std::nullopt};
   // What does not answer may have a password field in front.
   if (!field) return {finder_.isUnanswered(processId), nullptr, std::nullopt};
-  const bool hasEffect = !key || awaitEffect(application, *key);
+  const bool hasEffect =
+      !effect || awaitEffect(application, *effect, key.deliveredAt + longestEffect);
   // A key may have moved the focus, to a password field too.
   if (!field->isFocused()) field = focusedField(processId);
   if (isSecure_) return {true, nullptr, std::nullopt};
   // An application that is behind with its keys has an old text, which must not be corrected.
   if (!field || (!hasEffect && announcing_.contains(application))) return {false, field, {}};
-  auto content = text ? readBehind(*field, *text) : field->read();
-  if (content && !hasEffect && !endsWith(*content, *text)) content.reset();
+  auto content = key.text ? readBehind(*field, *key.text) : field->read();
+  if (content && !hasEffect && !endsWith(*content, *key.text)) content.reset();
   return {false, std::move(field), std::move(content)};
 }
 
@@ -138,19 +137,21 @@ std::optional<FieldContent> FocusWatch::readBehind(const TextField& field,
   return content;
 }
 
-KeyEffects::Id FocusWatch::expectEffect(KeyEffects::Application application,
-                                        const std::string& text, Clock::time_point pressedAt) {
+std::optional<KeyEffects::Id> FocusWatch::expectEffect(KeyEffects::Application application,
+                                                       const AwaitedKey& key) {
+  if (!key.text) return std::nullopt;
   // A key without effect must not stand for a later one for ever, nor for long.
   if (lastUnanswered_ + longestDelay < Clock::now()) {
-    effects_.giveUp(application, pressedAt - longestDelay);
+    effects_.giveUp(application, key.deliveredAt - longestDelay);
   }
-  return effects_.expect(application, text, pressedAt);
+  return effects_.expect(application, *key.text, key.deliveredAt);
 }
 
-bool FocusWatch::awaitEffect(KeyEffects::Application application, KeyEffects::Id key) {
-  const auto isShown = [&] { return effects_.isShown(key); };
-  if (silence_[application] >= patience) return isShown();
-  if (thread_.waitUntil(isShown, Clock::now() + longestEffect)) return true;
+bool FocusWatch::awaitEffect(KeyEffects::Application application, KeyEffects::Id id,
+                             Clock::time_point deadline) {
+  const auto isShown = [&] { return effects_.isShown(id); };
+  if (silence_[application] >= patience || Clock::now() >= deadline) return isShown();
+  if (thread_.waitUntil(isShown, deadline)) return true;
   ++silence_[application];
   return false;
 }

@@ -11,6 +11,14 @@
 
 namespace mirvane {
 
+/// A key of another application, as far as its effect goes.
+struct AwaitedKey {
+  /// What it types: the effect to wait for. Absent when it need not type anything.
+  std::optional<std::string> text;
+  KeyEffects::Clock::time_point pressedAt;
+  KeyEffects::Clock::time_point deliveredAt;  ///< to the application
+};
+
 /// What stands behind a key of another application, once the application has dealt with it.
 struct KeyContext {
   /// The key may be part of a password: nobody is to hear of it.
@@ -37,10 +45,9 @@ class FocusWatch {
   /// Also lets go of all that is known of them. Nothing may be asked afterwards.
   void stop();
 
-  /// Waits until the application has done what a key does that types `text`, for 150 ms at
-  /// most, and looks at the result. A key without text is not waited for.
-  [[nodiscard]] KeyContext contextOfKey(int processId, const std::optional<std::string>& text,
-                                        Clock::time_point pressedAt);
+  /// Waits until the application has done what the key does, until 150 ms after it got the key at
+  /// most, and looks at the result.
+  [[nodiscard]] KeyContext contextOfKey(int processId, const AwaitedKey& key);
 
   /// The focused element of the process, which is in front; null when there is none to be reached.
   [[nodiscard]] std::shared_ptr<TextField> focusedField(int processId);
@@ -67,9 +74,10 @@ class FocusWatch {
   void setSecure(bool isSecure);
   [[nodiscard]] std::optional<FieldContent> readBehind(const TextField& field,
                                                        const std::string& typed);
-  [[nodiscard]] KeyEffects::Id expectEffect(KeyEffects::Application application,
-                                            const std::string& text, Clock::time_point pressedAt);
-  [[nodiscard]] bool awaitEffect(KeyEffects::Application application, KeyEffects::Id key);
+  [[nodiscard]] std::optional<KeyEffects::Id> expectEffect(KeyEffects::Application application,
+                                                           const AwaitedKey& key);
+  [[nodiscard]] bool awaitEffect(KeyEffects::Application application, KeyEffects::Id id,
+                                 Clock::time_point deadline);
 
   AccessibilityThread& thread_;
   FocusFinder finder_;

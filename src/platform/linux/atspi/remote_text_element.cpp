@@ -7,11 +7,8 @@
 namespace mirvane {
 
 RemoteTextElement::RemoteTextElement(const Services& services, std::shared_ptr<TextField> field,
-                                     std::uint64_t window, FieldContent content)
-    : services_(services),
-      field_(std::move(field)),
-      window_(window),
-      content_(std::move(content)) {}
+                                     FieldWriter::Place place, FieldContent content)
+    : services_(services), field_(std::move(field)), place_(place), content_(std::move(content)) {}
 
 bool RemoteTextElement::refresh() const {
   if (!isStale_) return true;
@@ -74,8 +71,8 @@ void RemoteTextElement::setSelectedText(std::string_view text) {
   written_ = Written{selection_->location, text::toUtf16(text)};
   isStale_ = true;
   (void)services_.link.ask<bool>(
-      [field = field_, window = window_, replacement, &writer = services_.writer] {
-        return writer.replace(field, window, replacement);
+      [field = field_, place = place_, replacement, &writer = services_.writer] {
+        return writer.replace(field, place, replacement);
       });
 }
 

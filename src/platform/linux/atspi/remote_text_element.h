@@ -21,9 +21,9 @@ class RemoteTextElement : public AccessibilityElement {
     FieldWriter& writer;
   };
 
-  /// `window` is the one the field stands in.
+  /// The field stands in the place's window.
   RemoteTextElement(const Services& services, std::shared_ptr<TextField> field,
-                    std::uint64_t window, FieldContent content);
+                    FieldWriter::Place place, FieldContent content);
 
   /// Whether `textLength` and the selection are as they were when the element was made.
   [[nodiscard]] bool isFresh() const { return !isStale_; }
@@ -47,7 +47,7 @@ class RemoteTextElement : public AccessibilityElement {
 
   Services services_;
   std::shared_ptr<TextField> field_;
-  std::uint64_t window_;
+  FieldWriter::Place place_;
   mutable FieldContent content_;
   mutable bool isStale_ = false;
   std::optional<Utf16Range> selection_;

@@ -19,6 +19,7 @@
 
 #include "platform/linux/key_identity.h"
 #include "platform/linux/x11/keyboard_hold.h"
+#include "platform/linux/x11/server_clock.h"
 #include "platform/linux/x11/x_display.h"
 #include "text/word_boundaries.h"
 
@@ -82,10 +83,16 @@ class DesktopInput::Thread {
     done.get_future().wait();
   }
 
-  void holdBackForTyping() {
+  [[nodiscard]] bool isHolding(KeyHold hold) const {
+    return hold != KeyHold::none && current_ == hold;
+  }
+
+  bool holdBackForTyping(KeyHold hold) {
+    if (!isHolding(hold)) return false;
     hold_.holdBack();
-    typingSince_ = KeyboardWatch::serverMilliseconds();
+    typingSince_ = uptimeMilliseconds();
     if (const auto repeating = watch_.stopRepeating()) hold_.endRepeat(*repeating);
+    return true;
   }
 
   void endHoldForTyping() {
@@ -93,9 +100,8 @@ class DesktopInput::Thread {
     typingSince_.reset();
   }
 
-  void endHold() {
-    if (holdingSince_) hold_.giveBack();
-    holdingSince_.reset();
+  void endHold(KeyHold hold) {
+    if (isHolding(hold)) endHold();
   }
 
  private:
@@ -104,7 +110,7 @@ class DesktopInput::Thread {
     while (isRunning_) {
       handleEvents();
       runCommands();
-      const double now = KeyboardWatch::serverMilliseconds();
+      const double now = uptimeMilliseconds();
       watch_.reportDueRepeats(now);
       if (holdingSince_ && now - *holdingSince_ > longestHold) endHold();
       if (typingSince_ && now - *typingSince_ > longestTyping) endHoldForTyping();
@@ -131,7 +137,7 @@ class DesktopInput::Thread {
     consider(holdingSince_, longestHold);
     consider(typingSince_, longestTyping);
     if (!due) return -1;
-    const double left = std::ceil(*due - KeyboardWatch::serverMilliseconds());
+    const double left = std::ceil(*due - uptimeMilliseconds());
     return static_cast<int>(std::clamp(left, 0.0, longestHold));
   }
 
@@ -173,7 +179,7 @@ class DesktopInput::Thread {
       constexpr int firstWheelButton = 4, lastWheelButton = 7;
       const bool isWheel = press.detail >= firstWheelButton && press.detail <= lastWheelButton;
       if (!isWheel && !isPointerInOwnWindow()) {
-        callbacks_.onPointerDown(static_cast<double>(press.time) / millisecondsPerSecond);
+        callbacks_.onPointerDown(uptimeOf(press.time) / millisecondsPerSecond);
       }
     }
     XFreeEventData(display_.get(), &cookie);
@@ -195,14 +201,23 @@ class DesktopInput::Thread {
     }
     // Releases tell nothing that is typed.
     if (key.isDown && hold_.isKeyboardTaken()) return;
-    const bool isHolding = endsWord(key) && !window->isTerminal;
-    if (isHolding) startHold();
-    callbacks_.onKey({key, *window, isHolding});
+    // Not all keys can be held: an on-screen keyboard's go on.
+    if (key.isDown) endHold();
+    const bool mayHold = endsWord(key) && !window->isTerminal;
+    callbacks_.onKey({key, *window, mayHold ? startHold() : KeyHold::none});
   }
 
-  void startHold() {
-    if (!holdingSince_) hold_.holdBack();
-    holdingSince_ = KeyboardWatch::serverMilliseconds();
+  KeyHold startHold() {
+    hold_.holdBack();
+    holdingSince_ = uptimeMilliseconds();
+    current_ = KeyHold{++lastHold_};
+    return current_;
+  }
+
+  void endHold() {
+    current_ = KeyHold::none;
+    if (holdingSince_) hold_.giveBack();
+    holdingSince_.reset();
   }
 
   Callbacks callbacks_;
@@ -212,6 +227,8 @@ class DesktopInput::Thread {
   KeyboardWatch watch_;
   unsigned long activeWindowAtom_ = 0;
   std::uint64_t activeWindowId_ = 0;
+  std::atomic<KeyHold> current_ = KeyHold::none;
+  std::uint64_t lastHold_ = 0;
   std::optional<double> holdingSince_;  ///< ms, for the sake of a key that ends a word
   std::optional<double> typingSince_;   ///< ms, while text is typed
   std::atomic<bool> isWatching_ = false;
@@ -237,14 +254,21 @@ void DesktopInput::setWatching(bool isWatching) {
   thread_->setWatching(isWatching);
 }
 
-void DesktopInput::giveBack() {
-  thread_->post([this] { thread_->endHold(); });
+void DesktopInput::giveBack(KeyHold hold) {
+  thread_->post([this, hold] { thread_->endHold(hold); });
 }
 
-void DesktopInput::withKeysHeldBack(const std::function<void()>& type) {
-  thread_->runAndWait([this] { thread_->holdBackForTyping(); });
+bool DesktopInput::isHolding(KeyHold hold) const {
+  return thread_->isHolding(hold);
+}
+
+bool DesktopInput::withKeysHeldBack(KeyHold hold, const std::function<void()>& type) {
+  bool isHeld = false;
+  thread_->runAndWait([&] { isHeld = thread_->holdBackForTyping(hold); });
+  if (!isHeld) return false;
   type();
   thread_->runAndWait([this] { thread_->endHoldForTyping(); });
+  return true;
 }
 
 }  // namespace mirvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -8,12 +9,15 @@
 
 namespace mirvane {
 
+/// One holding back of keys.
+enum class KeyHold : std::uint64_t { none = 0 };
+
 /// A key aimed at a window of another application.
 struct DesktopKey {
   WatchedKey key;
   DesktopWindow window;
   /// The participant's next keys wait for `DesktopInput::giveBack`.
-  bool isHolding = false;
+  KeyHold hold = KeyHold::none;
 };
 
 /// The keyboard, the pointer's buttons and the active window of the whole desktop, watched by a
@@ -42,12 +46,16 @@ class DesktopInput {
   /// Keys and pointer presses are told only while watching; activations always.
   void setWatching(bool isWatching);
 
-  /// After a key that is holding others back.
-  void giveBack();
+  /// After a key that is holding others back; does nothing when that is over.
+  void giveBack(KeyHold hold);
 
-  /// Keeps the participant's keys here while `type` posts others, and gives them back afterwards.
-  /// Called from any thread but this one; returns when all is done.
-  void withKeysHeldBack(const std::function<void()>& type);
+  /// Whether no key has followed the one that began this hold. Of any thread.
+  [[nodiscard]] bool isHolding(KeyHold hold) const;
+
+  /// Goes on with this hold while `type` posts keys, and gives the participant's back afterwards.
+  /// Called from any thread but this one; returns when all is done. False, and nothing is called,
+  /// when the hold is over.
+  bool withKeysHeldBack(KeyHold hold, const std::function<void()>& type);
 
  private:
   class Thread;

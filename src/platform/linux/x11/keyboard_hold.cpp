@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "platform/linux/x11/key_controls.h"
-#include "platform/linux/x11/keyboard_watch.h"
+#include "platform/linux/x11/server_clock.h"
 
 namespace mirvane {
 namespace {
@@ -44,7 +44,7 @@ void KeyboardHold::reloadKeyboards() {
 bool KeyboardHold::isKeyboardTaken() const {
   // A grab for a time to come is never made, but the server looks for other grabs first.
   constexpr double oneHour = 3'600'000;  // ms
-  const auto later = static_cast<Time>(KeyboardWatch::serverMilliseconds() + oneHour);
+  const auto later = static_cast<Time>(uptimeMilliseconds() + oneHour);
   const int status = XGrabKeyboard(display_.get(), DefaultRootWindow(display_.get()), False,
                                    GrabModeAsync, GrabModeAsync, later & 0xFFFFFFFF);
   // A server whose clock is far ahead of ours makes the grab after all.
@@ -90,7 +90,7 @@ std::deque<KeyboardHold::HeldKey> KeyboardHold::takeHeldKeys() {
     const auto& key = *static_cast<const XIDeviceEvent*>(event.xcookie.data);
     if ((key.flags & XIKeyRepeat) == 0) {
       keys.push_back({static_cast<std::uint32_t>(key.detail), key.evtype == XI_KeyPress,
-                      static_cast<double>(key.time) / millisecondsPerSecond});
+                      uptimeOf(key.time) / millisecondsPerSecond});
     }
     XFreeEventData(display_.get(), &event.xcookie);
   }

@@ -6,12 +6,11 @@
 #include <X11/extensions/XKBstr.h>
 
 #include <array>
-#include <chrono>
-#include <cmath>
 #include <string_view>
 #include <utility>
 
 #include "platform/linux/x11/key_controls.h"
+#include "platform/linux/x11/server_clock.h"
 
 namespace mirvane {
 namespace {
@@ -19,12 +18,6 @@ namespace {
 constexpr double millisecondsPerSecond = 1000.0;
 
 }  // namespace
-
-double KeyboardWatch::serverMilliseconds() {
-  constexpr double wrapsAt = 4294967296.0;
-  const auto uptime = std::chrono::steady_clock::now().time_since_epoch();
-  return std::fmod(std::chrono::duration<double, std::milli>(uptime).count(), wrapsAt);
-}
 
 KeyboardWatch::KeyboardWatch(_XDisplay* display, PostedKeys& posted, Callbacks callbacks)
     : display_(display), posted_(posted), callbacks_(std::move(callbacks)), text_(display) {
@@ -84,7 +77,7 @@ bool KeyboardWatch::handle(_XEvent& event) {
     case XI_RawKeyRelease: {
       const auto& raw = *static_cast<const XIRawEvent*>(event.xcookie.data);
       handleRaw(raw.sourceid, static_cast<std::uint32_t>(raw.detail), raw.evtype == XI_RawKeyPress,
-                static_cast<double>(raw.time));
+                uptimeOf(raw.time));
       break;
     }
     case XI_HierarchyChanged:
@@ -118,7 +111,8 @@ bool KeyboardWatch::handleXkb(const _XEvent& event) {
         const auto scanCode = static_cast<std::uint32_t>(xkb.accessx.keycode);
         if (ownDown_.contains(scanCode)) break;
         filters_.acceptSlowKey(scanCode);
-        press(scanCode, static_cast<double>(xkb.accessx.time));
+        const auto time = uptimeOf(xkb.accessx.time);
+        press({scanCode, true, time, time});
       }
       break;
     default:
@@ -131,18 +125,18 @@ void KeyboardWatch::handleRaw(int device, std::uint32_t scanCode, bool isDown,
                               double milliseconds) {
   if (syntheticKeyboards_.count(device) > 0) {
     if (const auto own = posted_.take(scanCode, isDown)) {
-      handlePosted(*own);
+      handlePosted(*own, milliseconds);
       return;
     }
   } else if (!isDown) {
     callbacks_.onHardwareRelease(scanCode);
   }
-  handleHardware(scanCode, isDown, milliseconds);
+  handleKey({scanCode, isDown, milliseconds, milliseconds});
 }
 
-void KeyboardWatch::handlePosted(const PostedKeys::Key& key) {
+void KeyboardWatch::handlePosted(const PostedKeys::Key& key, double milliseconds) {
   if (key.origin == PostedKeys::Origin::user) {
-    handleHardware(key.scanCode, key.isDown, key.timestamp * millisecondsPerSecond);
+    handleKey({key.scanCode, key.isDown, key.timestamp * millisecondsPerSecond, milliseconds});
   } else if (key.isDown) {
     ownDown_.insert(key.scanCode);
   } else {
@@ -150,34 +144,30 @@ void KeyboardWatch::handlePosted(const PostedKeys::Key& key) {
   }
 }
 
-void KeyboardWatch::handleHardware(std::uint32_t scanCode, bool isDown, double milliseconds) {
-  if (!isDown) {
-    repeat_.release(scanCode);
-    if (filters_.release(scanCode, milliseconds)) release(scanCode, milliseconds);
-  } else if (filters_.press(scanCode, milliseconds)) {
-    press(scanCode, milliseconds);
+void KeyboardWatch::handleKey(const Key& key) {
+  if (key.isDown) {
+    if (filters_.press(key.scanCode, key.deliveredAt)) press(key);
+    return;
   }
+  repeat_.release(key.scanCode);
+  if (filters_.release(key.scanCode, key.deliveredAt)) report(key, text_.textOf(key.scanCode));
 }
 
-void KeyboardWatch::press(std::uint32_t scanCode, double milliseconds) {
-  repeat_.press(scanCode, milliseconds);
-  report(scanCode, true, milliseconds, text_.press(scanCode));
-}
-
-void KeyboardWatch::release(std::uint32_t scanCode, double milliseconds) {
-  report(scanCode, false, milliseconds, text_.textOf(scanCode));
+void KeyboardWatch::press(const Key& key) {
+  repeat_.press(key.scanCode, key.deliveredAt);
+  report(key, text_.press(key.scanCode));
 }
 
 void KeyboardWatch::reportDueRepeats(double now) {
   while (const auto due = repeat_.takeDue(now)) {
-    report(due->scanCode, true, due->time, text_.textOf(due->scanCode));
+    report({due->scanCode, true, due->time, due->time}, text_.textOf(due->scanCode));
   }
 }
 
-void KeyboardWatch::report(std::uint32_t scanCode, bool isDown, double milliseconds,
-                           std::optional<std::string> text) {
-  callbacks_.onKey({scanCode, isDown, std::move(text), text_.modifierFlags(),
-                    milliseconds / millisecondsPerSecond});
+void KeyboardWatch::report(const Key& key, std::optional<std::string> text) {
+  callbacks_.onKey({key.scanCode, key.isDown, std::move(text), text_.modifierFlags(),
+                    key.pressedAt / millisecondsPerSecond,
+                    key.deliveredAt / millisecondsPerSecond});
 }
 
 }  // namespace mirvane

@@ -21,6 +21,8 @@ struct WatchedKey {
   std::optional<std::string> text;
   std::uint64_t modifierFlags = 0;
   double timestamp = 0;  ///< seconds since the system started
+  /// The same for when the application got it: later for a key that was held back.
+  double deliveredAt = 0;
 };
 
 /// Turns the X server's raw keyboard events into typing: with text, automatic repeat, and without
@@ -40,28 +42,31 @@ class KeyboardWatch {
   /// Takes an event of the display; false when it is none of the keyboard's.
   bool handle(_XEvent& event);
 
-  /// When the next repeat of a held key is due, milliseconds of `serverMilliseconds`.
+  /// When the next repeat of a held key is due, `uptimeMilliseconds`.
   [[nodiscard]] std::optional<double> repeatDueTime() const { return repeat_.dueTime(); }
   void reportDueRepeats(double now);
 
   /// What is held down now no longer types where it did.
   std::optional<std::uint32_t> stopRepeating() { return repeat_.stop(); }
 
-  /// The X server's clock: the system's uptime in ms, in 32 bits.
-  [[nodiscard]] static double serverMilliseconds();
-
  private:
+  /// Times are `uptimeMilliseconds`.
+  struct Key {
+    std::uint32_t scanCode = 0;
+    bool isDown = true;
+    double pressedAt = 0;
+    double deliveredAt = 0;
+  };
+
   void selectEvents();
   void reloadControls();
   void reloadKeyboards();
   bool handleXkb(const _XEvent& event);
   void handleRaw(int device, std::uint32_t scanCode, bool isDown, double milliseconds);
-  void handleHardware(std::uint32_t scanCode, bool isDown, double milliseconds);
-  void handlePosted(const PostedKeys::Key& key);
-  void press(std::uint32_t scanCode, double milliseconds);
-  void release(std::uint32_t scanCode, double milliseconds);
-  void report(std::uint32_t scanCode, bool isDown, double milliseconds,
-              std::optional<std::string> text);
+  void handlePosted(const PostedKeys::Key& key, double milliseconds);
+  void handleKey(const Key& key);
+  void press(const Key& key);
+  void report(const Key& key, std::optional<std::string> text);
 
   _XDisplay* display_;
   PostedKeys& posted_;
