@@ -109,9 +109,11 @@ std::int64_t TextField::lengthOf(std::string_view text) const {
 }
 
 std::optional<bool> TextField::holds(Range range, std::string_view expected) const {
-  const auto found = text(range);
-  if (!found) return std::nullopt;
-  return text::toUtf8(*found) == expected;
+  if (const auto found = text(range)) return text::toUtf8(*found) == expected;
+  // Some give nothing at all of a range that is partly there.
+  const int length = hasText() ? atspi_text_get_character_count(text_.get(), nullptr) : -1;
+  if (length < 0 || length >= range.end) return std::nullopt;
+  return false;
 }
 
 void TextField::insert(std::int64_t offset, std::string_view text) const {
