@@ -2,6 +2,8 @@
 
 #include <unicode/utf16.h>
 
+#include <algorithm>
+
 #include "text/scalars.h"
 
 namespace mirvane::text {
@@ -19,6 +21,10 @@ std::int64_t utf16Length(std::string_view text) {
     length += unitsOf(nextScalar(text, position));
   }
   return length;
+}
+
+std::int64_t scalarCount(std::u16string_view text) {
+  return std::count_if(text.begin(), text.end(), [](char16_t unit) { return !U16_IS_TRAIL(unit); });
 }
 
 std::u16string toUtf16(std::string_view text) {

@@ -11,9 +11,11 @@
 #include "platform/linux/atspi/focus_watch.h"
 #include "platform/linux/atspi/remote_text_element.h"
 #include "platform/linux/delivery_queue.h"
+#include "platform/linux/field_text.h"
 #include "platform/linux/key_identity.h"
 #include "platform/linux/x11/desktop_input.h"
 #include "platform/linux/x11/key_typist.h"
+#include "platform/linux/x11/server_clock.h"
 
 namespace mirvane {
 namespace {
@@ -32,11 +34,6 @@ InputEvent inputEventOf(const WatchedKey& key) {
           key.modifierFlags,
           key.timestamp,
           0};
-}
-
-FocusWatch::Clock::time_point timePoint(double uptimeSeconds) {
-  return FocusWatch::Clock::time_point(std::chrono::duration_cast<FocusWatch::Clock::duration>(
-      std::chrono::duration<double>(uptimeSeconds)));
 }
 
 /// The text whose appearance shows that the application has dealt with the key; absent for keys
@@ -85,31 +82,27 @@ bool mayBeTakenBackBlindly(const std::u16string& text) {
 
 class OtherApplications::Implementation {
  public:
-  explicit Implementation(QtTaskQueue& tasks)
-      : tasks_(tasks), deliveries_(tasks), link_(thread_), watch_(thread_) {}
+  Implementation(QtTaskQueue& tasks, XDisplay display)
+      : tasks_(tasks),
+        link_(thread_),
+        watch_(thread_),
+        typist_(std::move(display), posted_),
+        deliveries_(tasks) {}
 
   Implementation(const Implementation&) = delete;
   Implementation& operator=(const Implementation&) = delete;
 
   ~Implementation() {
-    (void)thread_.ask<bool>(
-        [this] {
-          watch_.stop();
-          return true;
-        },
-        AccessibilityLink::longestWait);
-    thread_.stop();
+    thread_.stop([this] { watch_.stop(); });
     input_.reset();
     // They hold fields, which the thread would have to let go of.
     tasks_.drop();
   }
 
   bool connect() {
-    auto display = openXDisplay();
-    if (display == nullptr) return false;
-    typist_.emplace(std::move(display), posted_);
     input_ = DesktopInput::start(
         posted_, {[this](const DesktopKey& key) { thread_.post([this, key] { handle(key); }); },
+                  [this] { thread_.post([this] { noteMissedKey(); }); },
                   [this](double timestamp) {
                     thread_.post([this, timestamp] { handlePointer(timestamp); });
                   },
@@ -117,14 +110,15 @@ class OtherApplications::Implementation {
                     thread_.post([this, window] { handleActivation(window); });
                   }});
     if (input_ == nullptr) return false;
-    writer_.emplace(thread_, *input_, *typist_);
-    thread_.post([this] { watch_.start(); });
+    writer_.emplace(thread_, *input_, typist_);
     return true;
   }
 
   void setInputHandler(std::function<void(const InputEvent&)> handler) {
     onInput_ = std::move(handler);
-    input_->setWatching(onInput_ != nullptr);
+    const bool isWatching = onInput_ != nullptr;
+    input_->setWatching(isWatching);
+    thread_.post([this, isWatching] { watch_.setListening(isWatching); });
   }
 
   void setActivationHandler(std::function<void()> handler) { onActivation_ = std::move(handler); }
@@ -155,7 +149,7 @@ class OtherApplications::Implementation {
     if (!window_ || window_->isOwn || !mayType_ || !input_->isHolding(hold_)) return nullptr;
     const auto mayType = [this, processId = window_->processId,
                           expected = asInFields(textBeforeCaret)] {
-      return typist_->canType() && mayStandBeforeCaret(processId, expected);
+      return typist_.canType() && mayStandBeforeCaret(processId, expected);
     };
     if (!link_.ask<bool>(mayType).value_or(false)) return nullptr;
     return std::make_unique<RemoteKeySource>(
@@ -173,11 +167,14 @@ class OtherApplications::Implementation {
     auto context = contextOf(key);
     isSecure_ = watch_.isSecure();
     if (context.isSecure) {
-      hasMissedKeys_ = true;
+      noteMissedKey();
       input_->giveBack(key.hold);
       return;
     }
-    const bool mayCorrect = !hasMissedKeys_;
+    // How often a held key has been repeated is a guess.
+    if (key.key.isRepeat) isWordUnsure_ = true;
+    const bool mayType = !isWordUnsure_;
+    if (key.hold != KeyHold::none) isWordUnsure_ = false;
     // What the engine has in mind belongs to the word before the missed keys, until it has heard of
     // the one that is being typed.
     if (hasMissedKeys_ && key.key.isDown) {
@@ -186,18 +183,22 @@ class OtherApplications::Implementation {
     }
     // std::function wants what it holds to be copyable.
     auto shared = std::make_shared<KeyContext>(std::move(context));
-    tasks_.post(lifetime_.guard([this, key, shared, mayCorrect] {
-      deliveries_.add({[this, key, shared, mayCorrect] {
-                         mayType_ = mayCorrect;
+    tasks_.post(lifetime_.guard([this, key, shared, mayType] {
+      deliveries_.add({[this, key, shared, mayType] {
+                         mayType_ = mayType;
                          begin(key, std::move(*shared));
                        },
                        [this, hold = key.hold] { end(hold); }});
     }));
   }
 
+  void noteMissedKey() { hasMissedKeys_ = isWordUnsure_ = true; }
+
   [[nodiscard]] KeyContext contextOf(const DesktopKey& key) {
-    const AwaitedKey awaited{effectOf(key.key), timePoint(key.key.timestamp),
-                             timePoint(key.key.deliveredAt)};
+    constexpr double millisecondsPerSecond = 1000;
+    const AwaitedKey awaited{effectOf(key.key),
+                             timePoint(key.key.timestamp * millisecondsPerSecond),
+                             timePoint(key.key.deliveredAt * millisecondsPerSecond)};
     KeyContext context;
     context.isSecure = key.window.isTerminal || watch_.wasSecure(awaited.pressedAt);
     // Releases change nothing that anybody asks about.
@@ -209,6 +210,7 @@ class OtherApplications::Implementation {
   }
 
   void handlePointer(double timestamp) {
+    watch_.notePointer();
     InputEvent press;
     press.kind = EventMask::pointerDown;
     press.timestamp = timestamp;
@@ -244,11 +246,8 @@ class OtherApplications::Implementation {
     isSecure_ = watch_.isSecure();
     if (isSecure_) return false;
     const auto content = field ? field->read() : std::nullopt;
-    // What does not answer may hold anything.
-    if (!content) {
-      const bool isBlind = field ? !field->hasText() : !watch_.isAccessible(processId);
-      return isBlind && mayBeTakenBackBlindly(expected);
-    }
+    // Where nothing can be read anything may stand, unless the application takes no part.
+    if (!content) return !watch_.takesPart(processId) && mayBeTakenBackBlindly(expected);
     return content->selection.length == 0 && content->hasBeforeCaret(expected);
   }
 
@@ -260,11 +259,13 @@ class OtherApplications::Implementation {
     hold_ = key.hold;
     element_ = elementFor(std::move(context));
     isInKey_ = true;
+    link_.beginBudget();
     report(inputEventOf(key.key));
   }
 
   void end(KeyHold hold) {
     isInKey_ = false;
+    link_.endBudget();
     hold_ = KeyHold::none;
     element_.reset();
     // Behind the keys that are to be typed first.
@@ -290,12 +291,11 @@ class OtherApplications::Implementation {
   }
 
   QtTaskQueue& tasks_;
-  DeliveryQueue deliveries_;
   PostedKeys posted_;
   AccessibilityThread thread_;
   AccessibilityLink link_;
   FocusWatch watch_;
-  std::optional<KeyTypist> typist_;
+  KeyTypist typist_;
   std::unique_ptr<DesktopInput> input_;
   std::optional<FieldWriter> writer_;
   std::function<void(const InputEvent&)> onInput_;
@@ -310,13 +310,19 @@ class OtherApplications::Implementation {
   std::uint64_t windowInFront_ = 0;
   /// Of the accessibility thread: keys were dropped, and no word has been begun since.
   bool hasMissedKeys_ = false;
-  /// Of the main thread: the key at hand follows the ones that were reported before it.
+  /// Of the accessibility thread: the word being typed is longer or shorter than what was reported.
+  bool isWordUnsure_ = false;
+  /// Of the main thread: Backspaces may follow the key at hand.
   bool mayType_ = true;
+  /// Goes before what its deliveries hold.
+  DeliveryQueue deliveries_;
   Lifetime lifetime_;
 };
 
 std::unique_ptr<OtherApplications> OtherApplications::connect(QtTaskQueue& tasks) {
-  auto implementation = std::make_unique<Implementation>(tasks);
+  auto display = openXDisplay();
+  if (display == nullptr) return nullptr;
+  auto implementation = std::make_unique<Implementation>(tasks, std::move(display));
   if (!implementation->connect()) return nullptr;
   return std::unique_ptr<OtherApplications>(new OtherApplications(std::move(implementation)));
 }

@@ -6,7 +6,9 @@
 #include <QWindow>
 
 #include "platform/linux/active_application.h"
+#include "platform/linux/field_text.h"
 #include "platform/linux/key_identity.h"
+#include "platform/linux/qt_text_element.h"
 #include "platform/linux/synthesized_key_event.h"
 
 namespace mirvane {
@@ -19,6 +21,13 @@ void deliver(const SynthesizedKey& key, std::int64_t userData) {
                             qtKeyOf(key.keyCode), QString::fromStdString(key.text), key.keyCode,
                             key.modifierFlags, userData);
   QCoreApplication::sendEvent(window, &event);
+}
+
+bool standsBeforeCaret(const AccessibilityElement& element, const std::u16string& expected) {
+  const auto selection = element.selectedTextRange();
+  if (!selection || selection->length > 0) return false;
+  const auto length = static_cast<std::int64_t>(expected.size());
+  return length == 0 || element.text({selection->location - length, length}) == expected;
 }
 
 class QtKeyEventSource : public KeyEventSource {
@@ -46,6 +55,10 @@ bool QtKeyEventPoster::isSecureInputEnabled() const {
 
 std::unique_ptr<KeyEventSource> QtKeyEventPoster::createSource(std::string_view textBeforeCaret) {
   if (isOtherActive(others_)) return others_->createSource(textBeforeCaret);
+  const auto element = makeQtTextElement(QApplication::focusWidget());
+  if (element != nullptr && !standsBeforeCaret(*element, asInFields(textBeforeCaret))) {
+    return nullptr;
+  }
   return std::make_unique<QtKeyEventSource>(queue_);
 }
 

@@ -14,14 +14,19 @@ namespace mirvane {
 /// each question.
 class AccessibilityLink {
  public:
-  static constexpr std::chrono::milliseconds longestWait{100};
-
   explicit AccessibilityLink(AccessibilityThread& thread) : thread_(thread) {}
+
+  /// Until `endBudget` all questions together may take no longer than one may else.
+  void beginBudget() { budgetEnd_ = Clock::now() + longestWait; }
+  void endBudget() { budgetEnd_.reset(); }
 
   template <typename Answer>
   [[nodiscard]] std::optional<Answer> ask(std::function<Answer()> question) {
-    if (Clock::now() < mutedUntil_) return std::nullopt;
-    auto answer = thread_.ask<Answer>(std::move(question), longestWait);
+    const auto now = Clock::now();
+    const auto deadline = budgetEnd_.value_or(now + longestWait);
+    if (now < mutedUntil_ || now >= deadline) return std::nullopt;
+    auto answer = thread_.ask<Answer>(std::move(question),
+                                      std::chrono::ceil<std::chrono::milliseconds>(deadline - now));
     if (!answer) mutedUntil_ = Clock::now() + pause;
     return answer;
   }
@@ -31,10 +36,12 @@ class AccessibilityLink {
 
  private:
   using Clock = AccessibilityThread::Clock;
+  static constexpr std::chrono::milliseconds longestWait{100};
   static constexpr std::chrono::milliseconds pause{1000};
 
   AccessibilityThread& thread_;
   Clock::time_point mutedUntil_{};
+  std::optional<Clock::time_point> budgetEnd_;
 };
 
 }  // namespace mirvane

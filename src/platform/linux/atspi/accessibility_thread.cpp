@@ -38,10 +38,11 @@ AccessibilityThread::~AccessibilityThread() {
   g_main_context_unref(context_);
 }
 
-void AccessibilityThread::stop() {
+void AccessibilityThread::stop(std::function<void()> last) {
   if (!thread_.joinable()) return;
   {
     const std::lock_guard lock(mutex_);
+    last_ = std::move(last);
     isRunning_ = false;
   }
   wakeUp();
@@ -113,12 +114,13 @@ void AccessibilityThread::run() {
   while (isRunning()) {
     if (const auto next = takeNext(false)) {
       next();
-      while (g_main_context_iteration(context_, FALSE) != FALSE) {
+      while (g_main_context_iteration(context_, FALSE) != FALSE && !isWaitedFor()) {
       }
     } else {
       g_main_context_iteration(context_, TRUE);
     }
   }
+  if (last_) last_();
   atspi_exit();
 }
 

@@ -30,8 +30,9 @@ class AccessibilityThread {
   AccessibilityThread(const AccessibilityThread&) = delete;
   AccessibilityThread& operator=(const AccessibilityThread&) = delete;
 
-  /// Ends the thread. What is still waiting is dropped, and so is what is posted later.
-  void stop();
+  /// Ends the thread once it has run `last`. What is still waiting is dropped, and so is what is
+  /// posted later.
+  void stop(std::function<void()> last = {});
 
   void post(std::function<void()> task);
 
@@ -80,6 +81,7 @@ class AccessibilityThread {
   mutable std::mutex mutex_;
   std::deque<std::function<void()>> tasks_;
   std::deque<std::function<void()>> calls_;
+  std::function<void()> last_;
   bool isRunning_ = true;
   std::thread thread_;
 };

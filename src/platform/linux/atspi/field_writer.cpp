@@ -9,14 +9,14 @@ namespace mirvane {
 namespace {
 
 /// Applications that confirm a selection do so within a few ms; the others never do.
-constexpr std::chrono::milliseconds longestSelection{60};
+constexpr std::chrono::milliseconds longestSelection{150};
 constexpr std::chrono::milliseconds longestTyping{150};
 constexpr std::chrono::milliseconds pollInterval{2};
 /// The caret stands behind the word and what ended it, not farther.
 constexpr std::int64_t longestTail = 8;
-/// An application that hangs in the middle of a replacement is waited for half a minute.
-constexpr std::chrono::milliseconds attemptInterval{100};
-constexpr int mostAttempts = 300;
+/// An application that hangs in the middle of a replacement is asked again, for half a minute.
+constexpr std::chrono::milliseconds firstDelay{100};
+constexpr std::chrono::milliseconds longestPatience{30'000};
 
 using Clock = std::chrono::steady_clock;
 
@@ -53,7 +53,7 @@ bool FieldWriter::replace(const std::shared_ptr<TextField>& field, const Place& 
                           const Replacement& replacement) {
   if (field->text(replacement.range) != replacement.replaced) return false;
   const auto outcome = replaceEditable(*field, replacement);
-  if (outcome == Outcome::unknown) finishLater(field, replacement, mostAttempts);
+  if (outcome == Outcome::unknown) finishLater(field, replacement, firstDelay, longestPatience);
   if (outcome != Outcome::unchanged) return outcome == Outcome::done;
   if (!field->isFocused()) return false;
   return typist_.canType() && replaceByTyping(*field, place, replacement) == Outcome::done;
@@ -73,28 +73,29 @@ FieldWriter::Outcome FieldWriter::replaceEditable(const TextField& field,
 }
 
 /// The application hung in the middle: once it answers, either nothing has reached it or the old
-/// text still has to go.
+/// text still has to go. Asked ever more rarely, as each question holds up the others for a moment.
 void FieldWriter::finishLater(const std::shared_ptr<TextField>& field,
-                              const Replacement& replacement, int attemptsLeft) {
-  if (attemptsLeft == 0) return;
+                              const Replacement& replacement, std::chrono::milliseconds delay,
+                              std::chrono::milliseconds patience) {
+  if (delay > patience) return;
   thread_.postLater(
-      [this, field, replacement, attemptsLeft] {
+      [this, field, replacement, delay, patience] {
         const auto old = field->text(replacement.range);
         const auto isInserted =
             old ? field->holds(insertedRange(*field, replacement), replacement.text) : std::nullopt;
         if (!isInserted) {
-          finishLater(field, replacement, attemptsLeft - 1);
+          finishLater(field, replacement, 2 * delay, patience - delay);
         } else if (*isInserted && old == replacement.replaced) {
           field->remove(replacement.range);
         }
       },
-      attemptInterval);
+      delay);
 }
 
 FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const Place& place,
                                                   const Replacement& replacement) {
   auto outcome = Outcome::unchanged;
-  input_.withKeysHeldBack(place.hold, [&] {
+  input_.withKeysHeldBack(place.hold, [&](const DesktopInput::IsHeld& isHeld) {
     // Up to the caret, so that it ends where it was: what the participant types next goes there.
     const auto caret = field.caret();
     const auto& range = replacement.range;
@@ -102,30 +103,38 @@ FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const 
     const auto old = field.text({range.start, *caret});
     if (!old || !old->starts_with(replacement.replaced)) return;
     const auto text = replacement.text + text::toUtf8(old->substr(replacement.replaced.size()));
-    // Where select does nothing, the Backspaces delete as much.
-    const bool isSelected = select(field, {range.start, *caret}, *old);
-    const auto deleteCount = isSelected ? (text.empty() ? 1 : 0) : *caret - range.start;
-    if (!typist_.type(place.window, deleteCount, text)) return;
-    outcome = awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
+    const auto selection = select(field, {range.start, *caret}, *old);
+    const auto isSelected = selection == Selection::made;
+    const auto deleteCount = isSelected ? (text.empty() ? 1 : 0) : text::scalarCount(*old);
+    // Backspaces behind a selection that comes late would delete what stands before the word.
+    const bool isTyped = selection != Selection::unknown && isHeld() &&
+                         typist_.type(place.window, deleteCount, text);
+    if (isTyped) {
+      outcome = awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
+    } else if (selection != Selection::impossible) {
+      field.setCaret(*caret);
+    }
   });
   return outcome;
 }
 
-/// False when the selection is not known to have been made.
-bool FieldWriter::select(const TextField& field, TextField::Range range,
-                         const std::u16string& text) {
+FieldWriter::Selection FieldWriter::select(const TextField& field, TextField::Range range,
+                                           const std::u16string& text) {
   // Some count the text in one unit and select in another.
   const bool isCountedAlike = field.lengthOf(text::toUtf8(text)) == range.end - range.start &&
                               !field.hasPairsBefore(range.end);
-  if (!isCountedAlike || !field.select(range)) return false;
-  return await([&] { return field.isSelected(range); }, longestSelection);
+  if (!isCountedAlike) return Selection::impossible;
+  const auto answer = field.select(range);
+  if (answer == false) return Selection::impossible;
+  const auto isSelected = [&] { return field.isSelected(range); };
+  return answer && await(isSelected, longestSelection) ? Selection::made : Selection::unknown;
 }
 
 bool FieldWriter::type(const Place& place, std::int64_t deleteCount, std::string_view text,
                        const std::function<bool()>& mayType) {
   bool isTyped = false;
-  input_.withKeysHeldBack(place.hold, [&] {
-    if (typist_.canType() && mayType()) isTyped = typist_.type(place.window, deleteCount, text);
+  input_.withKeysHeldBack(place.hold, [&](const DesktopInput::IsHeld& isHeld) {
+    isTyped = mayType() && isHeld() && typist_.type(place.window, deleteCount, text);
   });
   return isTyped;
 }

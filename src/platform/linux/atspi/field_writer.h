@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -44,13 +45,15 @@ class FieldWriter {
 
  private:
   enum class Outcome { done, unchanged, unknown };
+  enum class Selection { made, impossible, unknown };
 
   Outcome replaceEditable(const TextField& field, const Replacement& replacement);
   void finishLater(const std::shared_ptr<TextField>& field, const Replacement& replacement,
-                   int attemptsLeft);
+                   std::chrono::milliseconds delay, std::chrono::milliseconds patience);
   Outcome replaceByTyping(const TextField& field, const Place& place,
                           const Replacement& replacement);
-  static bool select(const TextField& field, TextField::Range range, const std::u16string& text);
+  static Selection select(const TextField& field, TextField::Range range,
+                          const std::u16string& text);
 
   AccessibilityThread& thread_;
   DesktopInput& input_;

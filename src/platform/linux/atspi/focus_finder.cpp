@@ -164,15 +164,20 @@ AtspiAccessible* FocusFinder::applicationOf(int processId) {
   if (known != nullptr) return known.get();
   const Accessible desktop(atspi_get_desktop(0));
   const int count = atspi_accessible_get_child_count(desktop.get(), nullptr);
+  bool isSure = count >= 0;
   for (int i = 0; i < count; ++i) {
     Accessible application(atspi_accessible_get_child_at_index(desktop.get(), i, nullptr));
-    if (application == nullptr) continue;
-    const auto owner = atspi_accessible_get_process_id(application.get(), nullptr);
-    if (static_cast<int>(owner) != processId) continue;
-    known = std::move(application);
-    break;
+    const auto owner = application != nullptr
+                           ? atspi_accessible_get_process_id(application.get(), nullptr)
+                           : guint{0};
+    if (static_cast<int>(owner) == processId) {
+      known = std::move(application);
+      return known.get();
+    }
+    isSure = isSure && owner != 0;
   }
-  return known.get();
+  if (!isSure) pause_ = {processId, Clock::now() + pauseLength};
+  return nullptr;
 }
 
 std::shared_ptr<TextField> FocusFinder::search(AtspiAccessible* application) {

@@ -20,7 +20,8 @@ class FocusFinder {
   /// not answer. What was found is asked first the next time.
   [[nodiscard]] std::shared_ptr<TextField> find(int processId);
 
-  /// Whether the process has just let a question go unanswered.
+  /// Whether the process has just let a question go unanswered, or it could not be found out
+  /// whether it takes part in accessibility.
   [[nodiscard]] bool isUnanswered(int processId) const;
 
   /// Forgets everything.

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/linux/atspi/application_name.h"
+#include "platform/linux/field_text.h"
 
 namespace mirvane {
 namespace {
@@ -29,6 +30,10 @@ bool endsWith(const FieldContent& content, const std::string& typed) {
   return typed == "\x7F" || content.hasBeforeCaret(asInFields(typed));
 }
 
+bool movesFocus(const AwaitedKey& key) {
+  return !key.text || key.text == "\r";
+}
+
 }  // namespace
 
 FocusWatch::FocusWatch(AccessibilityThread& thread) : thread_(thread), finder_(thread) {}
@@ -41,8 +46,17 @@ void FocusWatch::start() {
 }
 
 void FocusWatch::stop() {
+  setListening(false);
   finder_.clear();
-  if (listener_ == nullptr) return;
+}
+
+void FocusWatch::setListening(bool isListening) {
+  if (isListening == (listener_ != nullptr)) return;
+  if (isListening) {
+    start();
+    return;
+  }
+  effects_.clear();
   for (const char* const type : eventTypes) {
     atspi_event_listener_deregister(listener_, type, nullptr);
   }
@@ -66,9 +80,12 @@ void FocusWatch::noteChange(const AtspiEvent& event, bool isInsertion) {
   const gchar* const text =
       G_VALUE_HOLDS_STRING(&event.any_data) ? g_value_get_string(&event.any_data) : nullptr;
   if (application == inFront_) finder_.noteChanged(event.source);
-  effects_.note(application, {isInsertion, text != nullptr ? text : ""}, Clock::now());
   announcing_.insert(application);
-  silence_.erase(application);
+  // Some announce the letters of a password as well.
+  if (isSecure_) return;
+  const bool isKeys =
+      effects_.note(application, {isInsertion, text != nullptr ? text : ""}, Clock::now());
+  if (isKeys) silence_.erase(application);
 }
 
 void FocusWatch::noteFocus(const AtspiEvent& event) {
@@ -82,12 +99,16 @@ void FocusWatch::noteFocus(const AtspiEvent& event) {
 
 void FocusWatch::setSecure(bool isSecure) {
   if (isSecure_) lastSecure_ = Clock::now();
+  if (isSecure) effects_.clear();
   isSecure_ = isSecure;
 }
 
 void FocusWatch::enter(KeyEffects::Application application) {
   // Nothing is known of the new one yet.
-  if (application != inFront_) setSecure(false);
+  if (application != inFront_) {
+    setSecure(false);
+    mayHaveMoved_ = true;
+  }
   inFront_ = application;
 }
 
@@ -117,8 +138,12 @@ KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
   // A key may have moved the focus, to a password field too.
   if (!field->isFocused()) field = focusedField(processId);
   if (isSecure_) return {true, nullptr, std::nullopt};
-  // An application that is behind with its keys has an old text, which must not be corrected.
-  if (!field || (!hasEffect && announcing_.contains(application))) return {false, field, {}};
+  if (!field) return {false, nullptr, std::nullopt};
+  // An application that is behind with its keys has an old text, which must not be corrected, and
+  // may have the focus where it does not say yet.
+  const bool isBehind = !hasEffect && announcing_.contains(application);
+  if (isBehind) return {mayHaveMoved_, field, std::nullopt};
+  mayHaveMoved_ = movesFocus(key);
   auto content = key.text ? readBehind(*field, *key.text) : field->read();
   if (content && !hasEffect && !endsWith(*content, *key.text)) content.reset();
   return {false, std::move(field), std::move(content)};

@@ -40,10 +40,13 @@ class FocusWatch {
   FocusWatch& operator=(const FocusWatch&) = delete;
   ~FocusWatch() = default;
 
-  /// Listens to the applications.
-  void start();
-  /// Also lets go of all that is known of them. Nothing may be asked afterwards.
+  /// Listens to the applications, or no longer; what they said is forgotten then.
+  void setListening(bool isListening);
+  /// Lets go of all that is known of them. Nothing may be asked afterwards.
   void stop();
+
+  /// The pointer may have moved the focus.
+  void notePointer() { mayHaveMoved_ = true; }
 
   /// Waits until the application has done what the key does, until 150 ms after it got the key at
   /// most, and looks at the result.
@@ -55,8 +58,10 @@ class FocusWatch {
   /// An own window or one that is not asked anything is in front now.
   void leave() { enter(nullptr); }
 
-  /// Whether the application takes part in accessibility at all.
-  [[nodiscard]] bool isAccessible(int processId) { return finder_.nameOf(processId) != nullptr; }
+  /// Whether the application takes part in accessibility, or that is not known.
+  [[nodiscard]] bool takesPart(int processId) {
+    return finder_.nameOf(processId) != nullptr || finder_.isUnanswered(processId);
+  }
 
   /// Whether a key pressed at that time may be part of a password.
   [[nodiscard]] bool wasSecure(Clock::time_point pressedAt) const {
@@ -70,6 +75,7 @@ class FocusWatch {
   static void onEvent(AtspiEvent* event, void* self);
   void noteChange(const AtspiEvent& event, bool isInsertion);
   void noteFocus(const AtspiEvent& event);
+  void start();
   void enter(KeyEffects::Application application);
   void setSecure(bool isSecure);
   [[nodiscard]] std::optional<FieldContent> readBehind(const TextField& field,
@@ -83,6 +89,9 @@ class FocusWatch {
   FocusFinder finder_;
   KeyEffects effects_;
   AtspiEventListener* listener_ = nullptr;
+  /// The focus may be elsewhere than the application says: it has shown no effect of a key since
+  /// one that moves the focus.
+  bool mayHaveMoved_ = false;
   bool isSecure_ = false;
   Clock::time_point lastSecure_{};
   /// The application that has the keyboard; null when it is none that is asked anything.

@@ -9,6 +9,13 @@ namespace mirvane {
 namespace {
 
 constexpr std::size_t mostPending = 64;
+/// A longer change that fits no key at once is no key's.
+constexpr std::size_t longestEffect = 64;  // bytes
+
+/// What an application inserts for a key.
+std::string_view insertionOf(std::string_view typed) {
+  return typed == "\r" ? "\n" : typed;
+}
 
 bool isEffect(const KeyEffects::Change& change, std::string_view typed) {
   if (typed == "\x7F") return !change.isInsertion;
@@ -22,8 +29,8 @@ bool isEffect(const KeyEffects::Change& change, std::string_view typed) {
 }  // namespace
 
 KeyEffects::Id KeyEffects::expect(Application application, std::string_view text,
-                                  Clock::time_point pressedAt) {
-  Key key{Id{++lastId_}, application, std::string(text), pressedAt};
+                                  Clock::time_point deliveredAt) {
+  Key key{Id{++lastId_}, application, std::string(text), deliveredAt};
   const Id id = key.id;
   if (takeEarlyChange(key)) return id;
   pending_.push_back(std::move(key));
@@ -32,28 +39,60 @@ KeyEffects::Id KeyEffects::expect(Application application, std::string_view text
 }
 
 bool KeyEffects::takeEarlyChange(const Key& key) {
+  const auto insertion = insertionOf(key.text);
+  const auto beginsWith = [&](const Change& change) {
+    return change.isInsertion && change.text.starts_with(insertion);
+  };
   const auto found = std::find_if(early_.begin(), early_.end(), [&](const EarlyChange& early) {
-    return early.application == key.application && early.time >= key.pressedAt &&
-           isEffect(early.change, key.text);
+    return early.application == key.application && early.time >= key.deliveredAt &&
+           (isEffect(early.change, key.text) || beginsWith(early.change));
   });
   if (found == early_.end()) return false;
-  early_.erase(early_.begin(), found + 1);
-  giveUp(key.application, key.pressedAt);
+  // The rest may be the effect of the next keys.
+  const bool isWhole = !beginsWith(found->change) || found->change.text.size() == insertion.size();
+  if (!isWhole) found->change.text.erase(0, insertion.size());
+  early_.erase(early_.begin(), isWhole ? found + 1 : found);
+  giveUp(key.application, key.deliveredAt);
   return true;
 }
 
-void KeyEffects::note(Application application, Change change, Clock::time_point time) {
-  const auto found = std::find_if(pending_.begin(), pending_.end(), [&](const Key& key) {
-    return key.application == application && isEffect(change, key.text);
-  });
-  if (found == pending_.end()) {
-    early_.push_back({application, std::move(change), time});
-    if (early_.size() > mostPending) early_.pop_front();
-    return;
+bool KeyEffects::note(Application application, Change change, Clock::time_point time) {
+  if (const auto shown = lastTyped(application, change)) {
+    std::erase_if(pending_, [&](const Key& key) {
+      return key.application == application && key.id <= *shown;
+    });
+    return true;
   }
-  const Id shown = found->id;
-  std::erase_if(pending_,
-                [&](const Key& key) { return key.application == application && key.id <= shown; });
+  if (change.text.size() > longestEffect) return false;
+  early_.push_back({application, std::move(change), time});
+  if (early_.size() > mostPending) early_.pop_front();
+  return false;
+}
+
+/// The last of the keys that the change is the effect of.
+std::optional<KeyEffects::Id> KeyEffects::lastTyped(Application application,
+                                                    const Change& change) const {
+  for (auto key = pending_.begin(); key != pending_.end(); ++key) {
+    if (key->application != application) continue;
+    if (isEffect(change, key->text)) return key->id;
+    if (!change.isInsertion) continue;
+    if (const auto last = lastTypedFrom(key, change.text)) return last;
+  }
+  return std::nullopt;
+}
+
+/// The same for an application that is behind, and does the work of several keys at once.
+std::optional<KeyEffects::Id> KeyEffects::lastTypedFrom(std::deque<Key>::const_iterator first,
+                                                        std::string_view text) const {
+  const auto application = first->application;
+  for (auto key = first; key != pending_.end(); ++key) {
+    if (key->application != application) continue;
+    const auto insertion = insertionOf(key->text);
+    if (!text.starts_with(insertion)) return std::nullopt;
+    text.remove_prefix(insertion.size());
+    if (text.empty()) return key->id;
+  }
+  return std::nullopt;
 }
 
 bool KeyEffects::isShown(Id id) const {
@@ -63,8 +102,13 @@ bool KeyEffects::isShown(Id id) const {
 
 void KeyEffects::giveUp(Application application, Clock::time_point time) {
   std::erase_if(pending_, [&](const Key& key) {
-    return key.application == application && key.pressedAt < time;
+    return key.application == application && key.deliveredAt < time;
   });
+}
+
+void KeyEffects::clear() {
+  pending_.clear();
+  early_.clear();
 }
 
 }  // namespace mirvane

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,27 +24,32 @@ class KeyEffects {
     std::string text;
   };
 
-  /// A key has typed `text`: its effect is an insertion of just that text (a longer one has another
-  /// cause), or for U+007F a deletion. It may have been announced since the key was pressed.
+  /// A key has typed `text`, and the application got it at `deliveredAt`: its effect is an
+  /// insertion of just that text, alone or together with that of the next keys (one that begins
+  /// with other text has another cause), or for U+007F a deletion. It may have been announced
+  /// since.
   [[nodiscard]] Id expect(Application application, std::string_view text,
-                          Clock::time_point pressedAt);
+                          Clock::time_point deliveredAt);
 
   /// The application has announced a change, at `time`. The keys before the one it belongs to are
-  /// given up.
-  void note(Application application, Change change, Clock::time_point time);
+  /// given up. False when it belongs to none so far.
+  bool note(Application application, Change change, Clock::time_point time);
 
   /// Whether the effect of the key, or of a later one, was announced.
   [[nodiscard]] bool isShown(Id id) const;
 
-  /// Gives up the application's keys pressed before `time`: they have had no effect.
+  /// Gives up the application's keys from before `time`: they have had no effect.
   void giveUp(Application application, Clock::time_point time);
+
+  /// Forgets what was announced, and every key.
+  void clear();
 
  private:
   struct Key {
     Id id{};
     Application application = nullptr;
     std::string text;
-    Clock::time_point pressedAt{};
+    Clock::time_point deliveredAt{};
   };
 
   struct EarlyChange {
@@ -53,6 +59,9 @@ class KeyEffects {
   };
 
   [[nodiscard]] bool takeEarlyChange(const Key& key);
+  [[nodiscard]] std::optional<Id> lastTyped(Application application, const Change& change) const;
+  [[nodiscard]] std::optional<Id> lastTypedFrom(std::deque<Key>::const_iterator first,
+                                                std::string_view text) const;
 
   std::deque<Key> pending_;
   std::deque<EarlyChange> early_;  ///< changes that fitted no key

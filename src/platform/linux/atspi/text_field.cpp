@@ -25,20 +25,7 @@ TextUnit unitOf(AtspiAccessible* accessible) {
   return std::string_view(toolkit.get()) == "Qt" ? TextUnit::utf16 : TextUnit::codePoint;
 }
 
-std::int64_t codePoints(std::string_view text) {
-  constexpr unsigned char marks = 0xC0, continuation = 0x80;
-  return std::count_if(text.begin(), text.end(), [](char byte) {
-    return (static_cast<unsigned char>(byte) & marks) != continuation;
-  });
-}
-
 }  // namespace
-
-std::u16string asInFields(std::string_view typed) {
-  auto text = text::toUtf16(typed);
-  std::replace(text.begin(), text.end(), u'\r', u'\n');
-  return text;
-}
 
 bool FieldContent::hasBeforeCaret(std::u16string_view expected) const {
   const auto length = static_cast<std::int64_t>(expected.size());
@@ -105,7 +92,8 @@ std::optional<FieldContent> TextField::read(std::optional<std::int64_t> wantedSt
 }
 
 std::int64_t TextField::lengthOf(std::string_view text) const {
-  return unit_ == TextUnit::utf16 ? text::utf16Length(text) : codePoints(text);
+  return unit_ == TextUnit::utf16 ? text::utf16Length(text)
+                                  : text::scalarCount(text::toUtf16(text));
 }
 
 std::optional<bool> TextField::holds(Range range, std::string_view expected) const {
@@ -132,13 +120,16 @@ void TextField::remove(Range range) const {
                                   static_cast<gint>(range.end), nullptr);
 }
 
-bool TextField::select(Range range) const {
+std::optional<bool> TextField::select(Range range) const {
   if (!hasText()) return false;
   const auto start = static_cast<gint>(range.start), end = static_cast<gint>(range.end);
-  if (atspi_text_get_n_selections(text_.get(), nullptr) > 0) {
-    return atspi_text_set_selection(text_.get(), 0, start, end, nullptr) != FALSE;
-  }
-  return atspi_text_add_selection(text_.get(), start, end, nullptr) != FALSE;
+  GError* error = nullptr;
+  const auto isSelected = atspi_text_get_n_selections(text_.get(), nullptr) > 0
+                              ? atspi_text_set_selection(text_.get(), 0, start, end, &error)
+                              : atspi_text_add_selection(text_.get(), start, end, &error);
+  if (error == nullptr) return isSelected != FALSE;
+  g_error_free(error);
+  return std::nullopt;
 }
 
 bool TextField::isSelected(Range range) const {

@@ -19,9 +19,6 @@ struct FieldContent {
   [[nodiscard]] bool hasBeforeCaret(std::u16string_view expected) const;
 };
 
-/// What fields hold for what keys have typed: Return types another line end than theirs.
-[[nodiscard]] std::u16string asInFields(std::string_view typed);
-
 /// An element of another application that may have the keyboard focus. Used on the accessibility
 /// thread alone; every operation asks the application. Offsets are the application's.
 class TextField {
@@ -66,7 +63,9 @@ class TextField {
   void insert(std::int64_t offset, std::string_view text) const;
   void remove(Range range) const;
 
-  bool select(Range range) const;
+  /// Whether the application says that it does; absent when it does not answer: it may select
+  /// later, then.
+  [[nodiscard]] std::optional<bool> select(Range range) const;
   [[nodiscard]] bool isSelected(Range range) const;
   [[nodiscard]] std::optional<std::int64_t> caret() const;
   void setCaret(std::int64_t offset) const;

@@ -3,16 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/utf16.h"
+
 namespace mirvane {
 namespace {
 
 bool isTrailSurrogate(char16_t unit) {
   return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
-std::int64_t codePoints(std::u16string_view text) {
-  const auto trails = std::count_if(text.begin(), text.end(), isTrailSurrogate);
-  return static_cast<std::int64_t>(text.size()) - trails;
 }
 
 }  // namespace
@@ -23,7 +20,7 @@ TextWindow::TextWindow(TextUnit unit, std::int64_t length, std::int64_t start, s
       start_(start),
       text_(std::move(text)),
       unitsInWindow_(unit == TextUnit::utf16 ? static_cast<std::int64_t>(text_.size())
-                                             : codePoints(text_)) {}
+                                             : text::scalarCount(text_)) {}
 
 std::int64_t TextWindow::utf16Length() const {
   return toUtf16(length_);
@@ -47,7 +44,7 @@ std::int64_t TextWindow::toApplication(std::int64_t utf16Offset) const {
   const auto size = static_cast<std::int64_t>(text_.size());
   if (offset >= size) return start_ + unitsInWindow_ + (offset - size);
   return start_ +
-         codePoints(std::u16string_view(text_).substr(0, static_cast<std::size_t>(offset)));
+         text::scalarCount(std::u16string_view(text_).substr(0, static_cast<std::size_t>(offset)));
 }
 
 std::optional<std::u16string> TextWindow::text(Utf16Range range) const {

@@ -91,14 +91,18 @@ class DesktopInput::Thread {
     if (!isHolding(hold)) return false;
     hold_.holdBack();
     typingSince_ = uptimeMilliseconds();
+    isTyping_ = true;
     if (const auto repeating = watch_.stopRepeating()) hold_.endRepeat(*repeating);
     return true;
   }
 
   void endHoldForTyping() {
+    isTyping_ = false;
     if (typingSince_) hold_.giveBack();
     typingSince_.reset();
   }
+
+  [[nodiscard]] bool isTyping() const { return isTyping_; }
 
   void endHold(KeyHold hold) {
     if (isHolding(hold)) endHold();
@@ -192,7 +196,7 @@ class DesktopInput::Thread {
 
   void handleKey(const WatchedKey& key) {
     if (!isWatching_) return;
-    if (isModifierKeyCode(virtualKeyCode(key.scanCode))) return;
+    if (!key.text && isModifierKeyCode(virtualKeyCode(key.scanCode))) return;
     const auto window = focusedWindow(display_.get());
     // Own windows report their keys themselves.
     if (!window || window->isOwn) {
@@ -200,10 +204,14 @@ class DesktopInput::Thread {
       return;
     }
     // Releases tell nothing that is typed.
-    if (key.isDown && hold_.isKeyboardTaken()) return;
+    if (key.isDown && hold_.isKeyboardTaken()) {
+      callbacks_.onKeyMissed();
+      return;
+    }
     // Not all keys can be held: an on-screen keyboard's go on.
     if (key.isDown) endHold();
-    const bool mayHold = endsWord(key) && !window->isTerminal;
+    // The release of a key that repeats must not be held.
+    const bool mayHold = endsWord(key) && !key.isRepeat && !window->isTerminal;
     callbacks_.onKey({key, *window, mayHold ? startHold() : KeyHold::none});
   }
 
@@ -231,6 +239,7 @@ class DesktopInput::Thread {
   std::uint64_t lastHold_ = 0;
   std::optional<double> holdingSince_;  ///< ms, for the sake of a key that ends a word
   std::optional<double> typingSince_;   ///< ms, while text is typed
+  std::atomic<bool> isTyping_ = false;
   std::atomic<bool> isWatching_ = false;
   bool isRunning_ = true;
   std::mutex mutex_;
@@ -262,11 +271,12 @@ bool DesktopInput::isHolding(KeyHold hold) const {
   return thread_->isHolding(hold);
 }
 
-bool DesktopInput::withKeysHeldBack(KeyHold hold, const std::function<void()>& type) {
+bool DesktopInput::withKeysHeldBack(KeyHold hold,
+                                    const std::function<void(const IsHeld& isHeld)>& type) {
   bool isHeld = false;
   thread_->runAndWait([&] { isHeld = thread_->holdBackForTyping(hold); });
   if (!isHeld) return false;
-  type();
+  type([this] { return thread_->isTyping(); });
   thread_->runAndWait([this] { thread_->endHoldForTyping(); });
   return true;
 }

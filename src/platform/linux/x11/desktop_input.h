@@ -31,6 +31,8 @@ class DesktopInput {
   /// All called on that thread, in the order of the events.
   struct Callbacks {
     std::function<void(const DesktopKey&)> onKey;
+    /// A key that another program took for itself, nobody knows what for.
+    std::function<void()> onKeyMissed;
     /// Seconds since the system started. Presses in own windows are not told.
     std::function<void(double timestamp)> onPointerDown;
     /// Another window became active; it may be an own one.
@@ -52,10 +54,11 @@ class DesktopInput {
   /// Whether no key has followed the one that began this hold. Of any thread.
   [[nodiscard]] bool isHolding(KeyHold hold) const;
 
-  /// Goes on with this hold while `type` posts keys, and gives the participant's back afterwards.
-  /// Called from any thread but this one; returns when all is done. False, and nothing is called,
-  /// when the hold is over.
-  bool withKeysHeldBack(KeyHold hold, const std::function<void()>& type);
+  /// Goes on with this hold while `type` posts keys, and gives the participant's back afterwards,
+  /// or before when it takes over half a second: `isHeld` tells. Called from any thread but this
+  /// one; returns when all is done. False, and nothing is called, when the hold is over.
+  using IsHeld = std::function<bool()>;
+  bool withKeysHeldBack(KeyHold hold, const std::function<void(const IsHeld& isHeld)>& type);
 
  private:
   class Thread;

@@ -15,41 +15,55 @@ namespace mirvane {
 namespace {
 
 /// Terminals, and windows in which another desktop shows whatever it shows.
-constexpr std::array<std::string_view, 36> terminals{"alacritty",
+constexpr std::array<std::string_view, 50> terminals{"alacritty",
+                                                     "anydesk",
                                                      "blackbox",
+                                                     "boxes",
+                                                     "connections",
+                                                     "console",
                                                      "contour",
                                                      "foot",
                                                      "ghostty",
+                                                     "gnome-boxes",
+                                                     "gnome-connections",
                                                      "gnome-terminal-server",
                                                      "guake",
                                                      "hyper",
                                                      "kgx",
                                                      "kitty",
                                                      "konsole",
-                                                     "org.gnome.console",
-                                                     "org.gnome.ptyxis",
-                                                     "org.kde.konsole",
-                                                     "org.kde.yakuake",
-                                                     "org.remmina.remmina",
-                                                     "org.wezfurlong.wezterm",
+                                                     "krdc",
                                                      "ptyxis",
                                                      "putty",
+                                                     "qemu",
+                                                     "qemu-system-x86_64",
+                                                     "rdesktop",
                                                      "remmina",
                                                      "rxvt",
                                                      "sakura",
                                                      "st",
                                                      "st-256color",
                                                      "tabby",
+                                                     "teamviewer",
                                                      "terminator",
                                                      "terminology",
                                                      "termit",
+                                                     "tigervnc",
                                                      "tilda",
                                                      "tilix",
                                                      "urxvt",
+                                                     "vinagre",
+                                                     "virt-manager",
                                                      "virt-viewer",
+                                                     "virtualbox",
+                                                     "virtualboxvm",
+                                                     "vmplayer",
+                                                     "vmware",
                                                      "vncviewer",
                                                      "warp",
+                                                     "x2goclient",
                                                      "xfreerdp",
+                                                     "xtigervncviewer",
                                                      "yakuake"};
 
 struct FreeX {
@@ -128,7 +142,8 @@ std::optional<DesktopWindow> described(Display* display, Window window) {
 }  // namespace
 
 bool isTerminalClass(const std::string& windowClass) {
-  std::string name = windowClass;
+  // Of an application id the last part is the program's name.
+  std::string name = windowClass.substr(windowClass.find_last_of('.') + 1);
   std::transform(name.begin(), name.end(), name.begin(),
                  [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
   // Most others are called so: uxterm, mlterm, pterm, blackbox-terminal.

@@ -124,7 +124,7 @@ bool KeyboardWatch::handleXkb(const _XEvent& event) {
 void KeyboardWatch::handleRaw(int device, std::uint32_t scanCode, bool isDown,
                               double milliseconds) {
   if (syntheticKeyboards_.count(device) > 0) {
-    if (const auto own = posted_.take(scanCode, isDown)) {
+    if (const auto own = posted_.take(scanCode, isDown, timePoint(milliseconds))) {
       handlePosted(*own, milliseconds);
       return;
     }
@@ -149,6 +149,7 @@ void KeyboardWatch::handleKey(const Key& key) {
     if (filters_.press(key.scanCode, key.deliveredAt)) press(key);
     return;
   }
+  reportDueRepeats(key.deliveredAt);
   repeat_.release(key.scanCode);
   if (filters_.release(key.scanCode, key.deliveredAt)) report(key, text_.textOf(key.scanCode));
 }
@@ -160,14 +161,14 @@ void KeyboardWatch::press(const Key& key) {
 
 void KeyboardWatch::reportDueRepeats(double now) {
   while (const auto due = repeat_.takeDue(now)) {
-    report({due->scanCode, true, due->time, due->time}, text_.textOf(due->scanCode));
+    report({due->scanCode, true, due->time, due->time}, text_.textOf(due->scanCode), true);
   }
 }
 
-void KeyboardWatch::report(const Key& key, std::optional<std::string> text) {
+void KeyboardWatch::report(const Key& key, std::optional<std::string> text, bool isRepeat) {
   callbacks_.onKey({key.scanCode, key.isDown, std::move(text), text_.modifierFlags(),
-                    key.pressedAt / millisecondsPerSecond,
-                    key.deliveredAt / millisecondsPerSecond});
+                    key.pressedAt / millisecondsPerSecond, key.deliveredAt / millisecondsPerSecond,
+                    isRepeat});
 }
 
 }  // namespace mirvane

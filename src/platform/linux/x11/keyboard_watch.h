@@ -23,6 +23,7 @@ struct WatchedKey {
   double timestamp = 0;  ///< seconds since the system started
   /// The same for when the application got it: later for a key that was held back.
   double deliveredAt = 0;
+  bool isRepeat = false;  ///< as the keyboard's settings have it: nobody tells of the real ones
 };
 
 /// Turns the X server's raw keyboard events into typing: with text, automatic repeat, and without
@@ -66,7 +67,7 @@ class KeyboardWatch {
   void handlePosted(const PostedKeys::Key& key, double milliseconds);
   void handleKey(const Key& key);
   void press(const Key& key);
-  void report(const Key& key, std::optional<std::string> text);
+  void report(const Key& key, std::optional<std::string> text, bool isRepeat = false);
 
   _XDisplay* display_;
   PostedKeys& posted_;

@@ -18,9 +18,9 @@ void PostedKeys::expect(const Key& key, Clock::time_point now) {
 }
 
 std::optional<PostedKeys::Key> PostedKeys::take(std::uint32_t scanCode, bool isDown,
-                                                Clock::time_point now) {
+                                                Clock::time_point time) {
   const std::lock_guard lock(mutex_);
-  while (!keys_.empty() && now - keys_.front().since > longestWay) keys_.pop_front();
+  while (!keys_.empty() && time - keys_.front().since > longestWay) keys_.pop_front();
   const auto last =
       keys_.begin() + std::min(static_cast<std::ptrdiff_t>(keys_.size()), mostPassedOver + 1);
   const auto found = std::find_if(keys_.begin(), last, [&](const Expected& expected) {

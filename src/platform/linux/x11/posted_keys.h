@@ -37,8 +37,9 @@ class PostedKeys {
   /// The key that came back, forgotten with this answer. Absent when the event is not ours. Keys
   /// come back nearly in the order in which they were posted: two threads post, and the server says
   /// nothing of a press of what is down already.
+  /// `time` is when the server dealt with it.
   [[nodiscard]] std::optional<Key> take(std::uint32_t scanCode, bool isDown,
-                                        Clock::time_point now = Clock::now());
+                                        Clock::time_point time = Clock::now());
 
  private:
   struct Expected {

@@ -19,4 +19,11 @@ namespace mirvane {
   return static_cast<double>(now - age);
 }
 
+/// The same moment, of the clock behind `uptimeMilliseconds`.
+[[nodiscard]] inline std::chrono::steady_clock::time_point timePoint(double uptimeMilliseconds) {
+  using Clock = std::chrono::steady_clock;
+  return Clock::time_point(std::chrono::duration_cast<Clock::duration>(
+      std::chrono::duration<double, std::milli>(uptimeMilliseconds)));
+}
+
 }  // namespace mirvane
