@@ -95,7 +95,7 @@ class SpareKeys::Keyboard {
     // Applications apply a Caps Lock or Shift that the key itself knows nothing of.
     const bool isLeftOver = (modifiers_ & ~consumed & (ShiftMask | LockMask)) != 0;
     const bool hasCases = xkb_keysym_to_upper(static_cast<xkb_keysym_t>(symbol)) != symbol;
-    return isLeftOver && consumed == 0 && hasCases ? NoSymbol : symbol;
+    return isLeftOver && hasCases ? NoSymbol : symbol;
   }
 
   XkbDescPtr map_;
