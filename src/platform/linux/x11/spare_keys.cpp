@@ -45,8 +45,15 @@ class SpareKeys::Keyboard {
     return keys.empty() ? 0 : keys.front();
   }
 
-  [[nodiscard]] std::vector<std::uint32_t> spares() const {
-    return keysThat([this](std::uint32_t key) { return isUnused(key) || isBoundByUs(key); });
+  /// Those that may be bound for a text of these symbols: a key that gives one of them is needed
+  /// for that.
+  [[nodiscard]] std::vector<std::uint32_t> sparesFor(
+      const std::vector<unsigned long>& symbols) const {
+    return keysThat([&](std::uint32_t key) {
+      if (isUnused(key)) return true;
+      return isBoundByUs(key) &&
+             std::find(symbols.begin(), symbols.end(), symbolOf(key)) == symbols.end();
+    });
   }
 
   [[nodiscard]] bool isUnused(std::uint32_t key) const {
@@ -88,7 +95,7 @@ class SpareKeys::Keyboard {
     // Applications apply a Caps Lock or Shift that the key itself knows nothing of.
     const bool isLeftOver = (modifiers_ & ~consumed & (ShiftMask | LockMask)) != 0;
     const bool hasCases = xkb_keysym_to_upper(static_cast<xkb_keysym_t>(symbol)) != symbol;
-    return isLeftOver && consumed == 0 && hasCases ? NoSymbol : symbol;
+    return isLeftOver && hasCases ? NoSymbol : symbol;
   }
 
   XkbDescPtr map_;
@@ -104,7 +111,7 @@ SpareKeys::~SpareKeys() {
 std::vector<std::uint32_t> SpareKeys::keysFor(const std::vector<unsigned long>& symbols,
                                               bool consecutiveDiffer) {
   const Keyboard keyboard(display_);
-  auto spares = keyboard.spares();
+  auto spares = keyboard.sparesFor(symbols);
   // Those never used come first, those used longest ago next: an application may still have to read
   // what a key of a moment ago meant.
   std::sort(spares.begin(), spares.end(), [&](std::uint32_t a, std::uint32_t b) {
