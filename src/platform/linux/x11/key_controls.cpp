@@ -18,7 +18,6 @@ KeyControls controlsOf(const XkbControlsRec& controls) {
   result.repeatingKeys.assign(std::begin(controls.per_key_repeat),
                               std::end(controls.per_key_repeat));
   result.isSlowKeysOn = isOn(XkbSlowKeysMask);
-  result.slowKeysDelay = controls.slow_keys_delay;
   result.isBounceKeysOn = isOn(XkbBounceKeysMask);
   result.bounceDelay = controls.debounce_delay;
   return result;

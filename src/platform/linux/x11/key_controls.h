@@ -15,16 +15,11 @@ struct KeyControls {
   std::vector<unsigned char> repeatingKeys;  ///< a bit for each scan code
 
   bool isSlowKeysOn = false;
-  double slowKeysDelay = 0;  ///< how long a key is down before it counts
   bool isBounceKeysOn = false;
   double bounceDelay = 0;  ///< after a release, during which the same key does not count
 
   [[nodiscard]] bool repeats(std::uint32_t scanCode) const;
 };
-
-/// By how much longer than `slowKeysDelay` a posted key is kept down, ms: the server counts from
-/// the arrival of the press.
-inline constexpr double slowKeysMargin = 30;
 
 /// All off when the server does not tell.
 [[nodiscard]] KeyControls readKeyControls(_XDisplay* display);

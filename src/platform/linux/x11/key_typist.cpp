@@ -5,8 +5,6 @@
 #include <X11/extensions/XTest.h>
 #include <xkbcommon/xkbcommon.h>
 
-#include <chrono>
-#include <thread>
 #include <utility>
 
 #include "platform/linux/x11/desktop_window.h"
@@ -41,7 +39,7 @@ bool KeyTypist::canType() const {
   XkbStateRec state{};
   XkbGetState(display_.get(), XkbUseCoreKbd, &state);
   constexpr unsigned commands = ControlMask | Mod1Mask | Mod4Mask;
-  return (state.mods & commands) == 0;
+  return (state.mods & commands) == 0 && !readKeyControls(display_.get()).isSlowKeysOn;
 }
 
 bool KeyTypist::isFocused(std::uint64_t window) const {
@@ -50,40 +48,22 @@ bool KeyTypist::isFocused(std::uint64_t window) const {
 }
 
 bool KeyTypist::type(std::uint64_t window, std::int64_t deleteCount, std::string_view text) {
-  const auto controls = readKeyControls(display_.get());
   const auto symbols = symbolsOf(deleteCount, text);
   // Bounce Keys takes a key that comes twice in a row for one.
-  const auto keys = keys_.keysFor(symbols, controls.isBounceKeysOn);
+  const auto keys = keys_.keysFor(symbols, readKeyControls(display_.get()).isBounceKeysOn);
   if (keys.size() != symbols.size()) return false;
-  if (!controls.isSlowKeysOn) return typeAtOnce(window, keys);
-  return typeSlowly(window, keys, controls.slowKeysDelay + slowKeysMargin);
-}
-
-bool KeyTypist::typeAtOnce(std::uint64_t window, const std::vector<std::uint32_t>& keys) {
   // Nobody can move the focus between the look at it and the last key.
   XGrabServer(display_.get());
   const bool mayType = isFocused(window);
-  for (const auto key : keys) {
-    if (!mayType) break;
-    post(key, true);
-    post(key, false);
+  if (mayType) {
+    for (const auto key : keys) {
+      post(key, true);
+      post(key, false);
+    }
   }
   XUngrabServer(display_.get());
   XSync(display_.get(), False);
   return mayType;
-}
-
-bool KeyTypist::typeSlowly(std::uint64_t window, const std::vector<std::uint32_t>& keys,
-                           double hold) {
-  for (const auto key : keys) {
-    if (!isFocused(window)) return false;
-    post(key, true);
-    XSync(display_.get(), False);
-    std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(hold));
-    post(key, false);
-    XSync(display_.get(), False);
-  }
-  return true;
 }
 
 void KeyTypist::post(std::uint32_t scanCode, bool isDown) {

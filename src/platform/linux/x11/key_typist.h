@@ -17,18 +17,18 @@ class KeyTypist {
   /// `display` is used by this object alone; `posted` outlives it.
   KeyTypist(XDisplay display, PostedKeys& posted);
 
-  /// False while a modifier is held that would make commands of the keys (Control, Alt, Meta).
+  /// False while a modifier is held that would make commands of the keys (Control, Alt, Meta), and
+  /// with Slow Keys on: a word would take seconds to type, with the participant's keys in its
+  /// middle.
   [[nodiscard]] bool canType() const;
 
   /// Presses Backspace `deleteCount` times and types `text` while `window` has the focus; returns
-  /// when the server has all of it. With Slow Keys on that takes their delay for each key. False
-  /// when the focus was elsewhere or a character has no key: nothing goes to another window.
+  /// when the server has all of it. False when the focus was elsewhere or a character has no key:
+  /// nothing goes to another window.
   bool type(std::uint64_t window, std::int64_t deleteCount, std::string_view text);
 
  private:
   [[nodiscard]] bool isFocused(std::uint64_t window) const;
-  bool typeAtOnce(std::uint64_t window, const std::vector<std::uint32_t>& keys);
-  bool typeSlowly(std::uint64_t window, const std::vector<std::uint32_t>& keys, double hold);
   void post(std::uint32_t scanCode, bool isDown);
 
   XDisplay display_;

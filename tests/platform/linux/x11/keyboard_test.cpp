@@ -162,7 +162,10 @@ TEST_F(X11KeyboardTest, PassesTheKeyFiltersOfTheDesktop) {
   for (const bool isSlow : {false, true}) {
     send(strokes({keyA, keyB, keyC}));
     desk.filterKeys(isSlow, true);
-    EXPECT_TRUE(type(2, "letter жжж"));
+    EXPECT_EQ(typist->canType(), !isSlow);
+    if (typist->canType()) {
+      EXPECT_TRUE(type(2, "letter жжж"));
+    }
     // The hardware's keys are not held back: they would have to pass the filters twice.
     hold.holdBack();
     watched.clear();
@@ -172,7 +175,7 @@ TEST_F(X11KeyboardTest, PassesTheKeyFiltersOfTheDesktop) {
     send({-keyA});
     EXPECT_EQ(watched.size(), 2U);
     desk.filterKeys(false, false);
-    EXPECT_EQ(desk.takeText(), "aletter жжжa");
+    EXPECT_EQ(desk.takeText(), isSlow ? "abca" : "aletter жжжa");
     hold.giveBack();
   }
 }
