@@ -72,23 +72,6 @@ TEST_F(EventDelivery, LocalMonitorsSeeOwnWindowsAndGlobalOnesAllOthers) {
   EXPECT_THAT(taken(), ElementsAre("global pointer"));
 }
 
-TEST_F(EventDelivery, SecureInputHidesKeysFromGlobalMonitorsOnly) {
-  const auto& password = desktop.openElement(ElementKind::password);
-  strikeKeyAndModifier();
-  EXPECT_THAT(taken(), IsEmpty());
-  EXPECT_EQ(password.text(), "a") << "the element gets the key all the same";
-  desktop.pointer().click(*desktop.workspace().frontmost());
-  EXPECT_THAT(taken(), ElementsAre("global pointer"));
-
-  desktop.openElement();
-  desktop.secureInput().setHeldElsewhere(true);
-  strikeKeyAndModifier();
-  EXPECT_THAT(taken(), IsEmpty());
-  desktop.openApplication({.isOwn = true});
-  strikeKeyAndModifier();
-  EXPECT_THAT(taken(), ElementsAre("local down", "local up", "local flags"));
-}
-
 TEST_F(EventDelivery, MonitorsRunBeforeTheEditAndTheirTasksAfterIt) {
   const auto& element = desktop.openElement();
   (void)desktop.monitors().addGlobalMonitor(EventMask::keyDown, [&](const InputEvent& event) {
@@ -103,22 +86,6 @@ TEST_F(EventDelivery, MonitorsRunBeforeTheEditAndTheirTasksAfterIt) {
   EXPECT_THAT(taken(),
               ElementsAre("global down", "handler finds ''", "global down", "handler finds 'a'",
                           "task of a finds 'ab'", "task of b finds 'ab'"));
-}
-
-TEST_F(EventDelivery, EventsCarryTheirStamp) {
-  desktop.openElement();
-  std::vector<InputEvent> events;
-  (void)desktop.monitors().addGlobalMonitor(
-      EventMask::keyDown, [&](const InputEvent& event) { events.push_back(event); });
-  desktop.clock().setMonotonicSeconds(12.5);
-  desktop.keyboard().press({0, "A", modifier::shift});
-  desktop.keyboard().press({0, "a"}, {.timestamp = 3.25, .sourceUserData = 42});
-  ASSERT_EQ(events.size(), 2U);
-  EXPECT_EQ(events[0].timestamp, 12.5);
-  EXPECT_EQ(events[0].modifierFlags, modifier::shift);
-  EXPECT_EQ(events[0].sourceUserData, std::nullopt);
-  EXPECT_EQ(events[1].timestamp, 3.25);
-  EXPECT_EQ(events[1].sourceUserData, 42);
 }
 
 TEST_F(EventDelivery, MonitorsMayComeAndGoWhileBeingCalled) {
@@ -141,17 +108,6 @@ TEST_F(EventDelivery, MonitorsMayComeAndGoWhileBeingCalled) {
   EXPECT_THAT(taken(), ElementsAre("global down", "third"));
   monitors.removeMonitor(*first);
   EXPECT_EQ(monitors.count(), 3U);
-}
-
-TEST_F(EventDelivery, RefusesMonitorsOnRequest) {
-  auto& monitors = desktop.monitors();
-  const auto handler = [](const InputEvent&) {};
-  monitors.refuse(MonitorScope::global, EventMask::keyUp);
-  EXPECT_EQ(monitors.addGlobalMonitor(EventMask::keyUp, handler), std::nullopt);
-  EXPECT_NE(monitors.addGlobalMonitor(EventMask::keyDown, handler), std::nullopt);
-  EXPECT_NE(monitors.addLocalMonitor(EventMask::keyUp, handler), std::nullopt);
-  monitors.refuseNothing();
-  EXPECT_NE(monitors.addGlobalMonitor(EventMask::keyUp, handler), std::nullopt);
 }
 
 TEST_F(EventDelivery, ObserversHearOfEverySwitch) {

@@ -71,18 +71,5 @@ TEST_F(SynthesizedKeys, GoToWhateverHasTheFocusWhenTheyArrive) {
   EXPECT_TRUE(isSeenLocally);
 }
 
-TEST_F(SynthesizedKeys, InsertTheirTextWholeWhateverTheKeyCode) {
-  const auto& element = desktop.openElement();
-  post(keycode::leftArrow, "one\rtwo");
-  desktop.settle();
-  EXPECT_EQ(element.text(), "one\ntwo");
-  EXPECT_EQ(element.caret(), 7);
-}
-
-TEST_F(SynthesizedKeys, SourcesCanBeRefused) {
-  desktop.poster().setRefusesSources(true);
-  EXPECT_EQ(desktop.poster().createSource({}), nullptr);
-}
-
 }  // namespace
 }  // namespace mirvane::simulated
