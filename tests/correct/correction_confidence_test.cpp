@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "correct/auto_apply_rule.h"
 #include "model/user_settings.h"
 #include "platform/simulated/in_memory_user_defaults.h"
 #include "platform/simulated/in_memory_workspace.h"
@@ -19,7 +18,7 @@ class Confidence : public testing::Test {
   }
 
   simulated::ScriptedSpellChecker spellChecker{
-      {{"the", "whe", "xhe", "she", "hello", "real", "café"}, {}, {}}};
+      {{"the", "whe", "xhe", "she", "hello", "café"}, {}, {}}};
   simulated::InMemoryUserDefaults defaults;
   simulated::InMemoryWorkspace workspace;
   UserSettings settings{defaults, workspace};
@@ -37,7 +36,6 @@ TEST_F(Confidence, DependsOnTheKindOfError) {
       {"rhe", "she", 0.5},        // no entry in the table
       {"RHE", "The", 0.7},        // letter case does not count
       {"rho", "tho", 0},          // the typed word is allowed
-      {"rhu", "tho", 0},          // two letters differ
       {"uho", "tho", 0},          // the dictionary rejects it, allowed or not
       {"teh", "the", 0},          // two letters changed
       {"helllo", "hello", 0.95},  // a key pressed three times
@@ -46,8 +44,6 @@ TEST_F(Confidence, DependsOnTheKindOfError) {
       {"helooo", "helo", 0},      // not a known word
       {"hello", "helo", 0},       // the typed word is known
       {"thoo", "tho", 0.85},      // allowed words are known here
-      {"heeeelo", "hello", 0},    // more than repeats
-      {"real", "really", 0},      //
       {"caf", "café", 0.85},      // characters, not bytes
       {"cafè", "cafe\u0301", 0},  // one substitution into a spelling the dictionary does not hold
       {"cafè", "café", 0.5},      //
@@ -60,19 +56,6 @@ TEST_F(Confidence, DependsOnTheKindOfError) {
     EXPECT_DOUBLE_EQ(correctionConfidence(typed, candidate, knownWords, nearbyKeys), confidence)
         << typed << ' ' << candidate;
   }
-}
-
-TEST(AutoApply, FallsWithTheMotorPriorWithinTheBounds) {
-  const AutoApplyThreshold bounds;
-  EXPECT_DOUBLE_EQ(autoApplyThreshold(0, bounds), 0.85);
-  EXPECT_DOUBLE_EQ(autoApplyThreshold(0.5, bounds), 0.815);
-  EXPECT_DOUBLE_EQ(autoApplyThreshold(7, bounds), 0.78);
-  EXPECT_DOUBLE_EQ(autoApplyThreshold(-1, bounds), 0.85);
-  EXPECT_DOUBLE_EQ(autoApplyThreshold(0, {0.99, 0.78, 0.92}), 0.92);
-  EXPECT_DOUBLE_EQ(autoApplyThreshold(0, {0.5, 0.7, 0.6}), 0.7) << "the minimum comes last";
-  EXPECT_FALSE(isUncertainCorrection(0.85, 0, bounds));
-  EXPECT_TRUE(isUncertainCorrection(0.849, 0, bounds));
-  EXPECT_FALSE(isUncertainCorrection(0, 0, bounds));
 }
 
 }  // namespace

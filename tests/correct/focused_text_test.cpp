@@ -3,66 +3,51 @@
 #include <gtest/gtest.h>
 
 #include "platform/simulated/desktop.h"
+#include "text/utf16.h"
 
 namespace mirvane {
 namespace {
 
 using simulated::ElementKind;
 
-struct Found {
-  std::string word;
-  Utf16Range range;
-  bool operator==(const Found&) const = default;
-};
-std::ostream& operator<<(std::ostream& out, const Found& found) {
-  return out << found.word << '@' << found.range.location << '+' << found.range.length;
-}
-
 using Look = std::optional<WordAtCaret> (*)(const Accessibility&);
 
-/// What a look-up answers for a text with the caret at a position, at the end when absent.
-std::optional<Found> look(Look lookUp, const char* text, std::optional<std::int64_t> caret = {}) {
+/// What a look-up answers, as "word@location+length", for a text with the caret at its "|", at the
+/// end without one.
+std::string look(Look lookUp, std::string text) {
+  const auto mark = text.find('|');
+  const auto caret = text::utf16Length(text.substr(0, mark));
+  if (mark != std::string::npos) text.erase(mark, 1);
   simulated::Desktop desktop;
-  auto& element = desktop.openElement(ElementKind::multiLine, text);
-  if (caret) element.placeCaret(*caret);
-  const auto word = lookUp(desktop.accessibility());
-  if (!word) return std::nullopt;
-  return Found{word->word, word->range};
+  desktop.openElement(ElementKind::multiLine, text).placeCaret(caret);
+  const auto found = lookUp(desktop.accessibility());
+  if (!found) return "none";
+  const auto [location, length] = found->range;
+  return found->word + '@' + std::to_string(location) + '+' + std::to_string(length);
+}
+
+/// Every row is "text -> what is found".
+void expectFound(Look lookUp, std::initializer_list<std::string> rows) {
+  for (const auto& row : rows) {
+    const auto arrow = row.rfind(" -> ");
+    EXPECT_EQ(look(lookUp, row.substr(0, arrow)), row.substr(arrow + 4)) << row;
+  }
 }
 
 TEST(CurrentWord, ReachesFromTheLastWhitespaceToTheCaret) {
-  EXPECT_EQ(look(currentWordBeforeCaret, "hello world"), (Found{"world", {6, 5}}));
-  EXPECT_EQ(look(currentWordBeforeCaret, "hello world", 8), (Found{"wo", {6, 2}}));
-  EXPECT_EQ(look(currentWordBeforeCaret, "(\"it's"), (Found{"(\"it's", {0, 6}}));
-  EXPECT_EQ(look(currentWordBeforeCaret, "😀é\ncafe\u0301"), (Found{"cafe\u0301", {4, 5}}));
-  EXPECT_EQ(look(currentWordBeforeCaret, "a\u2003漢字"), (Found{"漢字", {2, 2}}));
-  EXPECT_EQ(look(currentWordBeforeCaret, "a \u0301b"), (Found{"\u0301b", {2, 2}}));
-}
-
-TEST(CurrentWord, IsMissingBehindWhitespaceAndAtTheStart) {
-  EXPECT_EQ(look(currentWordBeforeCaret, ""), std::nullopt);
-  EXPECT_EQ(look(currentWordBeforeCaret, "hello", 0), std::nullopt);
-  EXPECT_EQ(look(currentWordBeforeCaret, "hello "), std::nullopt);
-  EXPECT_EQ(look(currentWordBeforeCaret, "hello\u00a0"), std::nullopt);
+  expectFound(
+      currentWordBeforeCaret,
+      {"hello world -> world@6+5", "hello wo|rld -> wo@6+2", "(\"it's -> (\"it's@0+6",
+       "😀é\ncafe\u0301 -> cafe\u0301@4+5", "a\u2003漢字 -> 漢字@2+2", "a \u0301b -> \u0301b@2+2",
+       " -> none", "|hello -> none", "hello  -> none", "hello\u00a0 -> none"});
 }
 
 TEST(CompletedWord, IsTheOneBeforeTheRunOfBoundaries) {
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "helo "), (Found{"helo", {0, 4}}));
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "helo?! "), (Found{"helo", {0, 4}}));
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "say (helo)]}>'\n"), (Found{"helo", {5, 4}}));
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "didn't "), (Found{"t", {5, 1}}));
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "e-mail, now", 7), (Found{"e-mail", {0, 6}}));
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "😀 caf\u0065\u0301. "),
-            (Found{"cafe\u0301", {3, 5}}));
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "a\u2019b."), (Found{"a\u2019b", {0, 3}}));
-}
-
-TEST(CompletedWord, IsMissingWithoutBoundaryOrWord) {
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, ""), std::nullopt);
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "  "), std::nullopt);
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "helo"), std::nullopt);
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "helo ", 0), std::nullopt);
-  EXPECT_EQ(look(lastCompletedWordBeforeCaret, "helo -"), std::nullopt);
+  expectFound(lastCompletedWordBeforeCaret,
+              {"helo  -> helo@0+4", "helo?!  -> helo@0+4", "say (helo)]}>'\n -> helo@5+4",
+               "didn't  -> t@5+1", "e-mail,| now -> e-mail@0+6",
+               "😀 caf\u0065\u0301.  -> cafe\u0301@3+5", "a\u2019b. -> a\u2019b@0+3", " -> none",
+               "   -> none", "helo -> none", "|helo  -> none", "helo - -> none"});
 }
 
 }  // namespace

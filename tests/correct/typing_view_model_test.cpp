@@ -43,14 +43,6 @@ TEST_F(TypingViewModelTest, AppliesASureCorrectionAndArmsTheCycler) {
   EXPECT_EQ(buffer().lastCompletedWord(), (CompletedTypedWord{"hello", " "}));
 }
 
-TEST_F(TypingViewModelTest, TellsCorrectionsApartByTheirLength) {
-  const auto& element = open();
-  type("helo teh helllo ");
-  EXPECT_EQ(element.text(), "hello the hello ");
-  EXPECT_THAT(session.log(), ElementsAre("helo>hello auto-other 0.85", "teh>the auto-nearby 0.00",
-                                         "helllo>hello auto-repeat 0.95"));
-}
-
 TEST_F(TypingViewModelTest, OffersWhatIsNotSure) {
   const auto& element = open();
   type("hekp ");
@@ -103,14 +95,6 @@ TEST_F(TypingViewModelTest, CorrectsAtReturnAndApostrophe) {
   EXPECT_EQ(element.text(), "hello\nhello' the\n");
   EXPECT_EQ(element.caret(), element.length());
   EXPECT_EQ(session.log().size(), 3U);
-}
-
-TEST_F(TypingViewModelTest, CountsPositionsBehindEmojiAndMarksInUtf16) {
-  auto& element = open("👨‍👩‍👧 cafe\u0301 |end");
-  element.placeCaret(element.length() - 4);
-  type("helo ");
-  EXPECT_EQ(element.text(), "👨‍👩‍👧 cafe\u0301 hello |end");
-  EXPECT_EQ(element.caret(), element.length() - 4);
 }
 
 TEST_F(TypingViewModelTest, ReadsOnlyTheNeighbourhoodInALongDocument) {

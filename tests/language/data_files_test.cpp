@@ -37,20 +37,24 @@ std::string packed(std::string (*pack)(std::istream&), const std::string& text) 
 // A kind of data file: its bytes, and whether the service made from a file knows its word.
 struct Kind {
   std::string name;
+  DataFileKind fileKind;
   std::string bytes;
   std::function<bool(const Path&)> knows;
+
+  [[nodiscard]] std::string payload() const { return bytes.substr(32); }
 };
 
 std::vector<Kind> kinds() {
-  return {{"dictionary", packed(packedDictionary, "hello 200\nhelp 100\n"),
+  return {{"dictionary", Dictionary::fileKind, packed(packedDictionary, "hello 200\nhelp 100\n"),
            [](const Path& path) {
              const Dictionary dictionary(path);
              return dictionary.isCorrect("hello") || !dictionary.guesses("helo").empty() ||
                     !dictionary.completions("he").empty();
            }},
-          {"tags", packed(packedTags, "hello 0\n"),
+          {"tags", WordTagger::fileKind, packed(packedTags, "hello 0\n"),
            [](const Path& path) { return WordTagger(path).tag("hello").has_value(); }},
-          {"embedding", packed(packedEmbedding, "hello 1 2\nhelp 2 1\n"), [](const Path& path) {
+          {"embedding", MappedWordEmbedding::fileKind,
+           packed(packedEmbedding, "hello 1 2\nhelp 2 1\n"), [](const Path& path) {
              const auto embedding = MappedWordEmbedding::open(path);
              return embedding != nullptr && embedding->distance("hello", "help") < 2;
            }}};
@@ -61,13 +65,10 @@ bool knowsFrom(const Kind& kind, const std::string& bytes) {
   return kind.knows(file.path());
 }
 
-TEST(DataFiles, AreUsedWhenWhole) {
-  for (const Kind& kind : kinds()) EXPECT_TRUE(knowsFrom(kind, kind.bytes)) << kind.name;
-}
-
-TEST(DataFiles, AreAsIfAbsentWhenMissingEmptyOrAFolder) {
+TEST(DataFiles, AreUsedWhenWholeAndAreAsIfAbsentWhenMissingEmptyOrAFolder) {
   const TemporaryFile other("");
   for (const Kind& kind : kinds()) {
+    EXPECT_TRUE(knowsFrom(kind, kind.bytes)) << kind.name;
     EXPECT_FALSE(kind.knows({})) << kind.name;
     EXPECT_FALSE(kind.knows(other.path() / "none")) << kind.name;
     EXPECT_FALSE(kind.knows(other.path().parent_path())) << kind.name;
@@ -103,27 +104,23 @@ TEST(DataFiles, AreAsIfAbsentWhenOfAnotherKindOrVersion) {
       }
     }
   }
-  const std::string payload = all[1].bytes.substr(32);
-  DataFileKind next = WordTagger::fileKind;
-  EXPECT_TRUE(knowsFrom(all[1], dataFileBytes(next, payload)));
+  DataFileKind next = all[1].fileKind;
+  EXPECT_TRUE(knowsFrom(all[1], dataFileBytes(next, all[1].payload())));
   ++next.version;
-  EXPECT_FALSE(knowsFrom(all[1], dataFileBytes(next, payload)));
+  EXPECT_FALSE(knowsFrom(all[1], dataFileBytes(next, all[1].payload())));
 }
 
 // The checksum is right, but the parts do not fit together.
 TEST(DataFiles, AreAsIfAbsentWhenTheirPartsDoNotFit) {
-  const std::vector<DataFileKind> fileKinds{Dictionary::fileKind, WordTagger::fileKind,
-                                            MappedWordEmbedding::fileKind};
-  const auto all = kinds();
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    const std::string payload = all[i].bytes.substr(32);
+  for (const Kind& kind : kinds()) {
+    const std::string payload = kind.payload();
     for (std::size_t size = 0; size < payload.size(); size += 8) {
-      const std::string bytes = dataFileBytes(fileKinds[i], payload.substr(0, size));
-      EXPECT_FALSE(knowsFrom(all[i], bytes)) << all[i].name << " " << size;
+      const std::string bytes = dataFileBytes(kind.fileKind, payload.substr(0, size));
+      EXPECT_FALSE(knowsFrom(kind, bytes)) << kind.name << " " << size;
     }
     std::string endless = payload;
     endless.replace(0, 8, 8, '\xff');
-    EXPECT_FALSE(knowsFrom(all[i], dataFileBytes(fileKinds[i], endless))) << all[i].name;
+    EXPECT_FALSE(knowsFrom(kind, dataFileBytes(kind.fileKind, endless))) << kind.name;
   }
 }
 
@@ -155,17 +152,14 @@ void askDamaged(const DataFileKind& kind, const std::string& payload) {
 
 // The checksum is right, but what the parts say is not.
 TEST(DataFiles, DoNoHarmWhenTheirWordsAreDamaged) {
-  const std::vector<DataFileKind> fileKinds{Dictionary::fileKind, WordTagger::fileKind,
-                                            MappedWordEmbedding::fileKind};
-  const auto all = kinds();
   std::mt19937 random(17);
-  for (std::size_t k = 0; k < all.size(); ++k) {
-    const std::string payload = all[k].bytes.substr(32);
+  for (const Kind& kind : kinds()) {
+    const std::string payload = kind.payload();
     for (std::size_t i = 0; i < payload.size(); ++i) {
       for (const char change : {'\x01', '\x10', '\xff'}) {
         std::string damaged = payload;
         damaged[i] = static_cast<char>(damaged[i] ^ change);
-        askDamaged(fileKinds[k], damaged);
+        askDamaged(kind.fileKind, damaged);
       }
     }
     for (int round = 0; round < 3000; ++round) {
@@ -173,13 +167,13 @@ TEST(DataFiles, DoNoHarmWhenTheirWordsAreDamaged) {
       for (std::size_t bytes = 2 + random() % 8; bytes > 0; --bytes) {
         damaged[random() % damaged.size()] = static_cast<char>(random());
       }
-      askDamaged(fileKinds[k], damaged);
+      askDamaged(kind.fileKind, damaged);
     }
   }
 }
 
 TEST(DataFiles, AreAsIfAbsentWhenASearchInThemWouldNotEnd) {
-  std::string payload = kinds()[0].bytes.substr(32);
+  std::string payload = kinds()[0].payload();
   const std::size_t slots = static_cast<unsigned char>(payload[0]);
   for (std::size_t i = 0; i < slots; ++i) payload[8 + 4 * i + 3] = '\x7f';
   const TemporaryFile file(dataFileBytes(Dictionary::fileKind, payload));

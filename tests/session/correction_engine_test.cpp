@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/session/simulated_session.h"
+#include "session/session_snapshot.h"
+#include "support/correcting_desktop.h"
+#include "support/scripted_english.h"
 
 namespace mirvane {
 namespace {
@@ -16,6 +18,18 @@ const ScriptedSpellChecker::Script words{
     .known = {"hello", "help", "held", "hero", "the"},
     .guesses = {{"helo", {"hello", "help", "held", "hero"}}, {"teh", {"the"}}, {"thhhe", {"the"}}},
     .completions = {}};
+
+/// A tracking engine and the study's own window with a text field.
+struct SimulatedSession : private ScriptedEnglish, CorrectingDesktop {
+  explicit SimulatedSession(const ScriptedSpellChecker::Script& script = {})
+      : ScriptedEnglish({.words = script}), CorrectingDesktop(services()) {}
+
+  CorrectionEngine& operator*() { return engine; }
+  CorrectionEngine* operator->() { return &engine; }
+
+  simulated::TextElement& field =
+      desktop.openElement(simulated::ElementKind::multiLine, {}, {.isOwn = true});
+};
 
 /// The counters in the order of their declaration.
 std::vector<std::int64_t> counters(const CorrectionEngine& engine) {
@@ -141,6 +155,17 @@ TEST(CorrectionEngine, StartsAnewAtAReset) {
   EXPECT_TRUE(session->isTracking);
   session.desktop.type("a");
   EXPECT_EQ(session->measurements().keystrokeCount, 1) << "the tracker goes on running";
+}
+
+TEST(SessionSnapshot, CountsItsTimeFromTheLastReset) {
+  SimulatedSession session;
+  session.desktop.advance(1000);
+  session->reset();
+  session.desktop.advance(90);
+  const auto snapshot =
+      makeSessionSnapshot(2, "prompt", "text", *session, session.desktop.clock().now());
+  EXPECT_EQ(snapshot.sessionStart, session->sessionStart());
+  EXPECT_NEAR(snapshot.elapsed, 90, 1e-6);
 }
 
 TEST(CorrectionEngine, TracksOnceAndKeepsCountingAfterAPause) {

@@ -13,7 +13,7 @@ using enum LexicalClass;
 
 EnglishScript script() {
   return {.distances = {{"cat|dog", 0.5},
-                        {"cat|pet", 0.7},
+                        {"pet|cat", 0.7},
                         {"cat|same", 0},
                         {"cat|far", 2},
                         {"cat|near", 0.1},

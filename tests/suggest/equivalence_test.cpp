@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <map>
 #include <random>
 
 #include "correct/correction_confidence.h"
@@ -72,31 +71,6 @@ class WordSource {
   std::minstd_rand random_{20261122};
 };
 
-/// Searches the dictionary once for both sides.
-class RememberedGuesses : public SpellChecker {
- public:
-  explicit RememberedGuesses(const SpellChecker& dictionary) : dictionary_(dictionary) {}
-
-  [[nodiscard]] bool isCorrect(std::string_view word) const override {
-    return dictionary_.isCorrect(word);
-  }
-  [[nodiscard]] bool mayBeSuggested(std::string_view word) const override {
-    return dictionary_.mayBeSuggested(word);
-  }
-  [[nodiscard]] std::vector<std::string> completions(std::string_view prefix) const override {
-    return dictionary_.completions(prefix);
-  }
-  [[nodiscard]] std::vector<std::string> guesses(std::string_view word) const override {
-    const auto [found, isNew] = guesses_.try_emplace(std::string(word));
-    if (isNew) found->second = dictionary_.guesses(word);
-    return found->second;
-  }
-
- private:
-  const SpellChecker& dictionary_;
-  mutable std::map<std::string, std::vector<std::string>> guesses_;
-};
-
 /// Sets the engine and the plain reference beside each other.
 class Comparison {
  public:
@@ -149,7 +123,11 @@ EnglishScript crowdedScript() {
     }
   }
   for (const char* word : {"let's", "book", "bake", "hello", "Paris"}) known.insert(word);
-  script.words.guesses = {{"teh", {"The", "ten", "the", "té"}}, {"sol", {"sool", "unheard"}}};
+  script.words.guesses = {{"teh", {"The", "ten", "the", "té"}},
+                          {"sol", {"sool", "unheard"}},
+                          {"café", {"lan"}},
+                          {"e-mail", {"lan"}},
+                          {"a1", {"lan"}}};
   script.words.completions = {{"l", {"let's", "let'S", "lin"}}, {"la", {"lan", "lan", "Lan"}}};
   return script;
 }
@@ -168,12 +146,9 @@ std::vector<std::string> shippedWords(const SpellChecker& spellChecker) {
 TEST(Equivalence, HoldsWithTheShippedEnglish) {
   ShippedResources shipped;
   const auto language = shipped.language();
-  const RememberedGuesses dictionary(language.spellChecker);
-  auto words = shippedWords(dictionary);
+  auto words = shippedWords(language.spellChecker);
   ASSERT_GT(words.size(), 300U);
-  const Comparison comparison({dictionary, nullptr, language.tagger, language.vocabulary},
-                              shipped.typingConfig());
-  comparison.expectSame(WordSource(std::move(words)), 2000);
+  Comparison(language, shipped.typingConfig()).expectSame(WordSource(std::move(words)), 2000);
 }
 
 TEST(Equivalence, HoldsWithACrowdedDictionaryAndTheBuiltInLayout) {
@@ -184,14 +159,24 @@ TEST(Equivalence, HoldsWithACrowdedDictionaryAndTheBuiltInLayout) {
   Comparison(english.services(), config).expectSame(std::move(words), 4000);
 }
 
+TEST(Equivalence, HoldsForEveryKeyOfTheBuiltInLayout) {
+  const std::string letters = "abcdefghijklmnopqrstuvwxyz";
+  for (const char typed : letters) {
+    EnglishScript script;
+    for (const char meant : letters) script.words.known.insert({meant, '\'', 'z'});
+    script.words.known.erase({typed, '\'', 'z'});
+    Comparison(ScriptedEnglish(script).services(), {}).expectSame({typed, '\'', 'z'}, nullptr);
+  }
+}
+
 TEST(Equivalence, HoldsForTheWordsOfTheScriptsAndTheAllowList) {
   const ScriptedEnglish english(crowdedScript());
   TypingConfig config;
   config.nearbyKeyProbabilities = {{"l", {{"n", 0.1}, {"s", 0.3}}}, {"o", {{"b", 0.2}}}};
   const Comparison comparison(english.services(), config);
-  for (const char* word : {"",   "a",     "'",     "teh",     "TEH",    "sol",  "SOL",
-                           "l",  "la",    "Mirv",  "mirv",    "hte",    "OO'K", "bob's",
-                           "bk", "Paris", "let's", "hellllo", "aabbcc", "café", "e-mail"}) {
+  for (const char* word : {"",      "a",       "'",      "teh",  "TEH",    "sol",   "SOL", "l",
+                           "la",    "Mirv",    "mirv",   "hte",  "OO'K",   "bob's", "bk",  "Paris",
+                           "let's", "hellllo", "aabbcc", "café", "e-mail", "a1",    "a’s"}) {
     for (const auto& state : states) comparison.expectSame(word, &state);
   }
 }

@@ -87,18 +87,31 @@ TEST(Replay, CorrectsAndCounts) {
   EXPECT_EQ(log[1]["isCorrect"], true);
 }
 
-TEST(Replay, HasTheCycleKeyInSessionTwoOnly) {
-  EXPECT_EQ(replayed(headerOf(2) + keys("helo |"))["finalText"], "help ");
-  EXPECT_EQ(replayed(headerOf(2) + keys("helo ||"))["finalText"], "helo ");
-  EXPECT_EQ(replayed(headerOf(1) + keys("helo |"))["finalText"], "hello ");
-}
-
-TEST(Replay, PicksChipsThatAreThere) {
-  const auto picked = replayed(headerOf(1) + keys("helo") + R"({"t":2,"type":"chip","index":1})");
-  EXPECT_EQ(picked["finalText"], "help");
-  EXPECT_EQ(picked["manualCorrectionCount"], 1);
-  const auto missed = replayed(headerOf(1) + keys("helo") + R"({"t":2,"type":"chip","index":2})");
-  EXPECT_EQ(missed["finalText"], "helo");
+TEST(Replay, FollowsKeysChipsFieldsAndSettings) {
+  const std::string helo = headerOf(1) + keys("helo");
+  const std::string elsewhere = R"({"t":2,"type":"activate","app":"org.other"})"
+                                "\n";
+  const std::string disabled = R"(,"settings":{"disabledAppBundleIDs":["org.other"]})";
+  const auto kind = [](const std::string& name) {
+    return headerOf(1, R"(,"field":{"text":"a ","kind":")" + name + "\"}") + keys("helo ");
+  };
+  const std::pair<std::string, const char*> rows[] = {
+      {headerOf(2) + keys("helo |"), "help "},
+      {headerOf(2) + keys("helo ||"), "helo "},
+      {headerOf(1) + keys("helo |"), "hello "},
+      {helo + R"({"t":2,"type":"chip","index":1})", "help"},
+      {helo + R"({"t":2,"type":"chip","index":2})", "helo"},
+      {headerOf(1) + keys("the ") + R"({"t":2,"type":"done"})" + "\n" + keys("helo ", 3), "the "},
+      {kind("normal"), "a hello "},
+      {kind("noAccessibility"), "a hello "},
+      {kind("ignoresWrites"), "a helo "},
+      {kind("password"), "a helo "},
+      {headerOf(1, disabled) + keys("helo ") + elsewhere + keys("helo ", 3), "hello helo "},
+  };
+  for (const auto& [recording, finalText] : rows) {
+    EXPECT_EQ(replayed(recording)["finalText"], finalText) << recording;
+  }
+  EXPECT_EQ(replayed(kind("password"))["autoCorrectionCount"], 1);
 }
 
 TEST(Replay, StartsAnewAtAReset) {
@@ -108,32 +121,6 @@ TEST(Replay, StartsAnewAtAReset) {
   EXPECT_EQ(session["keystrokeCount"], 3);
   EXPECT_EQ(session["elapsed"], 40.0);
   EXPECT_THAT(session["correctionLog"], IsEmpty());
-}
-
-TEST(Replay, IgnoresKeysBehindDone) {
-  const auto session =
-      replayed(headerOf(1) + keys("the ") + R"({"t":2,"type":"done"})" + "\n" + keys("helo ", 3));
-  EXPECT_EQ(session["finalText"], "the ");
-  EXPECT_EQ(session["keystrokeCount"], 4);
-}
-
-TEST(Replay, FollowsTheKindOfField) {
-  const auto kind = [](const std::string& name) {
-    return headerOf(1, R"(,"field":{"text":"a ","kind":")" + name + "\"}") + keys("helo ");
-  };
-  EXPECT_EQ(replayed(kind("normal"))["finalText"], "a hello ");
-  EXPECT_EQ(replayed(kind("noAccessibility"))["finalText"], "a hello ");
-  EXPECT_EQ(replayed(kind("ignoresWrites"))["finalText"], "a helo ");
-  EXPECT_EQ(replayed(kind("password"))["finalText"], "a helo ");
-  EXPECT_EQ(replayed(kind("password"))["autoCorrectionCount"], 1);
-}
-
-TEST(Replay, LeavesDisabledApplicationsAlone) {
-  const std::string disabled = R"(,"settings":{"disabledAppBundleIDs":["org.other"]})";
-  const std::string away = R"({"t":2,"type":"activate","app":"org.other"})"
-                           "\n";
-  const auto session = replayed(headerOf(1, disabled) + keys("helo ") + away + keys("helo ", 3));
-  EXPECT_EQ(session["finalText"], "hello helo ");
 }
 
 TEST(Trace, TellsWhatTheEngineThinks) {

@@ -16,18 +16,7 @@ namespace {
 
 class Flow : public ::testing::Test {
  protected:
-  void open() {
-    flow = std::make_unique<AppFlowView>(
-        AppFlowView::Services{world.services(),
-                              world.desktop.accessibility(),
-                              world.desktop.workspace(),
-                              world.desktop.monitors(),
-                              world.desktop.tasks(),
-                              world.desktop.clock(),
-                              world.savePanel,
-                              {QStringLiteral("team@study.example")}});
-    flow->show();
-  }
+  void open() { flow = world.openFlow(); }
 
   void advanceTo(AppStep step) {
     while (flow->step() != step) flow->advance();

@@ -4,7 +4,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 
-#include "app/app_flow_view.h"
 #include "tests/views/study_world.h"
 
 namespace mirvane {
@@ -53,26 +52,18 @@ void expectNoSidewaysScrolling(const QWidget& window, const std::string& where) 
 
 TEST(Screens, FitTheSmallestWindowWithLongerTexts) {
   StudyWorld world;
-  AppFlowView flow({world.services(),
-                    world.desktop.accessibility(),
-                    world.desktop.workspace(),
-                    world.desktop.monitors(),
-                    world.desktop.tasks(),
-                    world.desktop.clock(),
-                    world.savePanel,
-                    {QStringLiteral("team@study.example")}});
-  flow.resize(760, 600);
-  flow.show();
+  const auto flow = world.openFlow();
+  flow->resize(760, 600);
   for (std::size_t step = 0; step < appSteps.size(); ++step) {
     settle();
     const auto where = "step " + std::to_string(step);
-    expectNothingClipped(flow, where);
-    lengthenTexts(flow);
+    expectNothingClipped(*flow, where);
+    lengthenTexts(*flow);
     settle();
-    expectNothingClipped(flow, where + ", longer");
-    expectNoSidewaysScrolling(flow, where);
-    EXPECT_EQ(flow.size(), QSize(760, 600)) << where;
-    flow.advance();
+    expectNothingClipped(*flow, where + ", longer");
+    expectNoSidewaysScrolling(*flow, where);
+    EXPECT_EQ(flow->size(), QSize(760, 600)) << where;
+    flow->advance();
   }
 }
 

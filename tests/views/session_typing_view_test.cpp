@@ -36,27 +36,23 @@ class SessionView : public ::testing::Test {
 };
 
 TEST_F(SessionView, SaysWhatEachSessionUses) {
-  open(1);
-  auto texts = shownTexts(*view);
-  EXPECT_TRUE(texts.contains("Session 1"));
-  EXPECT_TRUE(texts.contains("This session uses Space for auto-correction only"));
-  EXPECT_TRUE(texts.contains("Right Option is not used in this session."));
-  EXPECT_TRUE(texts.contains("Type naturally. Mirvane will automatically correct spacing errors."));
-  EXPECT_EQ(part<QPushButton>(*view, "doneButton").text(), "Done — Continue to Session 2");
-  EXPECT_FALSE(texts.join(' ').contains("right Alt"));
-
-  open(2);
-  texts = shownTexts(*view);
-  EXPECT_TRUE(texts.contains("Session 2"));
-  EXPECT_TRUE(texts.contains("This session uses Space and Right Option ⌥ to cycle suggestions"));
-  EXPECT_TRUE(texts.contains("Right Option is used in this session."));
-  EXPECT_TRUE(
-      texts.contains("Type naturally. Mirvane will show suggestions with Space and cycle "
-                     "them with Right Option ⌥."));
-  EXPECT_TRUE(texts.contains("On this keyboard: the right Alt key"));
-  EXPECT_TRUE(texts.contains("A sentence."));
-  EXPECT_TRUE(texts.contains("No Backspace"));
-  EXPECT_EQ(part<QPushButton>(*view, "doneButton").text(), "Done — See Results");
+  const QStringList texts[] = {
+      {"Session 1", "This session uses Space for auto-correction only",
+       "Right Option is not used in this session.",
+       "Type naturally. Mirvane will automatically correct spacing errors."},
+      {"Session 2", "This session uses Space and Right Option ⌥ to cycle suggestions",
+       "Right Option is used in this session.",
+       "Type naturally. Mirvane will show suggestions with Space and cycle them with Right Option "
+       "⌥.",
+       "On this keyboard: the right Alt key", "A sentence.", "No Backspace"}};
+  const char* buttons[] = {"Done — Continue to Session 2", "Done — See Results"};
+  for (const int session : {0, 1}) {
+    open(session + 1);
+    const auto shown = shownTexts(*view);
+    for (const auto& text : texts[session]) EXPECT_TRUE(shown.contains(text)) << text.toStdString();
+    EXPECT_EQ(shown.join(' ').contains("right Alt"), session == 1);
+    EXPECT_EQ(part<QPushButton>(*view, "doneButton").text(), buttons[session]);
+  }
   part<QPushButton>(*view, "doneButton").click();
   EXPECT_EQ(done, 1);
 }

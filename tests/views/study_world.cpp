@@ -4,6 +4,20 @@
 
 namespace mirvane {
 
+std::unique_ptr<AppFlowView> StudyWorld::openFlow() {
+  auto flow =
+      std::make_unique<AppFlowView>(AppFlowView::Services{services(),
+                                                          desktop.accessibility(),
+                                                          desktop.workspace(),
+                                                          desktop.monitors(),
+                                                          desktop.tasks(),
+                                                          desktop.clock(),
+                                                          savePanel,
+                                                          {QStringLiteral("team@study.example")}});
+  flow->show();
+  return flow;
+}
+
 QStringList shownTexts(const QWidget& screen) {
   QStringList texts;
   for (const auto* label : screen.findChildren<QLabel*>()) {

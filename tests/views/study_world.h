@@ -2,19 +2,20 @@
 
 #include <QCoreApplication>
 #include <QWidget>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
 
+#include "app/app_flow_view.h"
 #include "model/typing_config.h"
 #include "model/user_settings.h"
 #include "platform/simulated/desktop.h"
 #include "platform/simulated/in_memory_user_defaults.h"
-#include "platform/simulated/scripted_lexical_tagger.h"
 #include "platform/simulated/scripted_save_panel.h"
-#include "platform/simulated/scripted_spell_checker.h"
 #include "session/correction_engine.h"
 #include "suggest/suggestion_engine.h"
+#include "support/scripted_english.h"
 #include "views/theme.h"
 
 namespace mirvane {
@@ -28,11 +29,9 @@ struct StudyWorld {
   simulated::InMemoryUserDefaults defaults;
   UserSettings settings{defaults, desktop.workspace()};
   TypingConfig config;
-  simulated::ScriptedSpellChecker spellChecker{
-      {{"hello", "help", "helm"}, {{"helo", {"hello", "help", "helm"}}}, {}}};
-  simulated::ScriptedLexicalTagger tagger;
-  ContextScore::Vocabulary vocabulary;
-  SuggestionEngine suggestionEngine{config, settings, {spellChecker, nullptr, tagger, vocabulary}};
+  ScriptedEnglish english{
+      {.words = {{"hello", "help", "helm"}, {{"helo", {"hello", "help", "helm"}}}, {}}}};
+  SuggestionEngine suggestionEngine{config, settings, english.services()};
   simulated::ScriptedSavePanel savePanel;
   std::optional<MonitorHandle> cycleKeyMonitor;
 
@@ -41,6 +40,9 @@ struct StudyWorld {
             {config, settings, suggestionEngine, desktop.accessibility(), desktop.poster(),
              desktop.clock()}};
   }
+
+  /// The whole study, shown from its first step on.
+  [[nodiscard]] std::unique_ptr<AppFlowView> openFlow();
 
   /// The right Alt key, down and up.
   void strikeCycleKey() {

@@ -22,15 +22,8 @@ std::optional<std::filesystem::path> InMemoryBundle::pathForResource(
 }
 
 std::optional<std::string> InMemoryBundle::contents(const std::filesystem::path& path) const {
-  const std::string key = path.string();
-  ++reads_[key];
-  const auto found = resources_.find(key);
+  const auto found = resources_.find(path.string());
   return found == resources_.end() ? std::nullopt : found->second;
-}
-
-int InMemoryBundle::readCount(std::string_view path) const {
-  const auto found = reads_.find(path);
-  return found == reads_.end() ? 0 : found->second;
 }
 
 }  // namespace mirvane::simulated

@@ -21,12 +21,8 @@ class InMemoryBundle : public Bundle {
   [[nodiscard]] std::optional<std::string> contents(
       const std::filesystem::path& path) const override;
 
-  /// How often `contents` was asked for this path.
-  [[nodiscard]] int readCount(std::string_view path) const;
-
  private:
   std::map<std::string, std::optional<std::string>, std::less<>> resources_;
-  mutable std::map<std::string, int, std::less<>> reads_;
 };
 
 }  // namespace mirvane::simulated

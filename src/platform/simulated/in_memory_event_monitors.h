@@ -26,7 +26,6 @@ class InMemoryEventMonitors : public EventMonitors {
 
   /// From now on no handle is given for monitors of this scope that ask for exactly `kind`.
   void refuse(MonitorScope scope, EventMask kind);
-  void refuseNothing() { refused_.clear(); }
 
   [[nodiscard]] std::size_t count() const { return monitors_.size(); }
 

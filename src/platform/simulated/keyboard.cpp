@@ -34,8 +34,7 @@ void Keyboard::repeatHeldKey() {
 
 void Keyboard::deliver(EventMask kind, const KeyStroke& key, EventStamp stamp) {
   dispatcher_.deliverKey({kind, key.keyCode, key.text, key.modifierFlags,
-                          stamp.timestamp.value_or(clock_.monotonicSeconds()),
-                          stamp.sourceUserData});
+                          stamp.timestamp.value_or(clock_.monotonicSeconds()), std::nullopt});
 }
 
 }  // namespace mirvane::simulated

@@ -14,8 +14,6 @@ namespace mirvane::simulated {
 struct EventStamp {
   /// Seconds since the system started; the clock's time when absent.
   std::optional<double> timestamp = {};
-  /// For keys that another program synthesizes; hardware has none.
-  std::optional<std::int64_t> sourceUserData = {};
 };
 
 /// When a held key repeats, in seconds.

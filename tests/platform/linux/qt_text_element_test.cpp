@@ -21,31 +21,27 @@ struct Field {
 };
 
 template <typename Edit>
-struct DocumentField : Field {
-  explicit DocumentField(const QString& content) {
-    edit.textCursor().insertText(content);
+struct FieldOf : Field {
+  explicit FieldOf(const QString& content) {
+    if constexpr (isLine) {
+      edit.insert(content);
+    } else {
+      edit.insertPlainText(content);
+    }
     QObject::connect(&edit, &Edit::textChanged, [this] { ++count; });
   }
   QWidget* widget() override { return &edit; }
-  QString text() override { return edit.toPlainText(); }
-  void undo() override { edit.undo(); }
-  int* changes() override { return &count; }
-
-  Edit edit;
-  int count = 0;
-};
-
-struct LineField : Field {
-  explicit LineField(const QString& content) {
-    edit.insert(content);
-    QObject::connect(&edit, &QLineEdit::textChanged, [this] { ++count; });
+  QString text() override {
+    if constexpr (isLine)
+      return edit.text();
+    else
+      return edit.toPlainText();
   }
-  QWidget* widget() override { return &edit; }
-  QString text() override { return edit.text(); }
   void undo() override { edit.undo(); }
   int* changes() override { return &count; }
 
-  QLineEdit edit;
+  static constexpr bool isLine = std::is_same_v<Edit, QLineEdit>;
+  Edit edit;
   int count = 0;
 };
 
@@ -59,8 +55,8 @@ std::unique_ptr<Field> make(const QString& content) {
 class TextElement : public ::testing::TestWithParam<Make> {};
 
 INSTANTIATE_TEST_SUITE_P(EveryField, TextElement,
-                         ::testing::Values(make<DocumentField<QPlainTextEdit>>,
-                                           make<DocumentField<QTextEdit>>, make<LineField>));
+                         ::testing::Values(make<FieldOf<QPlainTextEdit>>, make<FieldOf<QTextEdit>>,
+                                           make<FieldOf<QLineEdit>>));
 
 TEST_P(TextElement, ReadsRangesInUtf16Units) {
   const auto field = GetParam()(QStringLiteral("a 😀 é word"));
@@ -109,12 +105,12 @@ TEST_P(TextElement, AnswersNothingOnceTheFieldIsGone) {
 }
 
 TEST(TextElementKinds, ShowsLineEndsAsLineFeeds) {
-  DocumentField<QPlainTextEdit> field(QStringLiteral("one\ntwo"));
+  FieldOf<QPlainTextEdit> field(QStringLiteral("one\ntwo"));
   EXPECT_EQ(makeQtTextElement(field.widget())->text({0, 7}), u"one\ntwo");
 }
 
 TEST(TextElementKinds, KeepsPasswordsToItself) {
-  LineField field(QStringLiteral("secret"));
+  FieldOf<QLineEdit> field(QStringLiteral("secret"));
   for (const auto mode : {QLineEdit::Password, QLineEdit::NoEcho}) {
     field.edit.setEchoMode(mode);
     const auto element = makeQtTextElement(field.widget());
@@ -126,8 +122,8 @@ TEST(TextElementKinds, KeepsPasswordsToItself) {
 }
 
 TEST(TextElementKinds, LeavesReadOnlyFieldsAsTheyAre) {
-  LineField line(QStringLiteral("fixed"));
-  DocumentField<QPlainTextEdit> document(QStringLiteral("fixed"));
+  FieldOf<QLineEdit> line(QStringLiteral("fixed"));
+  FieldOf<QPlainTextEdit> document(QStringLiteral("fixed"));
   line.edit.setReadOnly(true);
   document.edit.setReadOnly(true);
   for (Field* field : std::initializer_list<Field*>{&line, &document}) {

@@ -30,15 +30,6 @@ TEST_F(SimulatedAccessibility, ReadsOnlyWhatIsAskedForOfALongDocument) {
   EXPECT_EQ(desktop.accessibility().unitsRead(), 4);
 }
 
-TEST_F(SimulatedAccessibility, WritesReplaceTheSelectionAndLeaveTheCaretBehind) {
-  const auto& element = desktop.openElement(ElementKind::multiLine, "say helo now");
-  handle()->setSelectedTextRange({4, 4});
-  EXPECT_EQ(handle()->selectedTextRange(), (Utf16Range{4, 4}));
-  handle()->setSelectedText("hello\r\nyou\r");
-  EXPECT_EQ(element.text(), "say hello\nyou\n now");
-  EXPECT_EQ(element.selection(), (Utf16Range{14, 0}));
-}
-
 TEST_F(SimulatedAccessibility, ClampsSelectionsToTheText) {
   desktop.openElement(ElementKind::multiLine, "hello");
   handle()->setSelectedTextRange({3, 100});
@@ -61,18 +52,6 @@ TEST_F(SimulatedAccessibility, ElementsThatTakeNoWritesCanStillBeRead) {
     EXPECT_EQ(handle()->text({0, 4}), u"helo");
     EXPECT_EQ(element.selection(), (Utf16Range{4, 0}));
   }
-}
-
-TEST_F(SimulatedAccessibility, PasswordsCannotBeReadAndTurnSecureInputOnWhileFocused) {
-  auto& application = desktop.openApplication();
-  auto& field = application.addElement(ElementKind::multiLine);
-  EXPECT_FALSE(desktop.poster().isSecureInputEnabled());
-  application.addElement(ElementKind::password, "secret");
-  EXPECT_TRUE(desktop.poster().isSecureInputEnabled());
-  EXPECT_EQ(handle()->textLength(), std::nullopt);
-  EXPECT_EQ(handle()->text({0, 1}), std::nullopt);
-  application.focus(field);
-  EXPECT_FALSE(desktop.poster().isSecureInputEnabled());
 }
 
 TEST_F(SimulatedAccessibility, HasNoElementWithoutFocusTrustOrAccessibility) {

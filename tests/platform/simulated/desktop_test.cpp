@@ -70,13 +70,6 @@ TEST_F(SimulatedDesktop, AnotherPressEndsTheRepeatButAnotherReleaseDoesNot) {
   EXPECT_EQ(element.text(), "ssa");
 }
 
-TEST_F(SimulatedDesktop, PressedKeysDoNotRepeatByThemselves) {
-  const auto& element = desktop.openElement();
-  desktop.keyboard().press({1, "s"});
-  desktop.advance(5);
-  EXPECT_EQ(element.text(), "s");
-}
-
 TEST(VirtualClock, RunsDateAndMonotonicTimeTogether) {
   VirtualClock clock(Clock::DateTime{1000s}, 5);
   clock.advance(0.25);
@@ -89,21 +82,6 @@ TEST(VirtualClock, RunsDateAndMonotonicTimeTogether) {
   clock.advance(1.5);
   EXPECT_EQ(clock.now(), Clock::DateTime{2001s + 500ms});
   EXPECT_DOUBLE_EQ(clock.monotonicSeconds(), 1.5);
-}
-
-TEST(ManualTaskQueue, RunsInOrderAndTasksPostedMeanwhileComeLast) {
-  ManualTaskQueue queue;
-  std::string order;
-  queue.post([&] {
-    order += 'a';
-    queue.post([&] { order += 'c'; });
-  });
-  queue.post([&] { order += 'b'; });
-  EXPECT_TRUE(queue.runOne());
-  EXPECT_EQ(order, "a");
-  queue.runUntilIdle();
-  EXPECT_EQ(order, "abc");
-  EXPECT_FALSE(queue.runOne());
 }
 
 TEST(KeyLayout, CoversPrintableAsciiWithOneStrokeEach) {

@@ -2,152 +2,116 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
 #include <vector>
 
 #include "platform/key_codes.h"
 #include "platform/simulated/key_layout.h"
-#include "tests/platform/simulated/text_with_caret.h"
+#include "platform/simulated/text_element.h"
+#include "text/characters.h"
+#include "text/utf16.h"
 
 namespace mirvane::simulated {
 namespace {
 
-constexpr std::uint64_t shift = modifier::shift;
-constexpr std::uint16_t anyKey = 0;
+using enum ElementKind;
 
-struct EditingCase {
-  const char* name;
-  const char* before;
-  std::vector<KeyStroke> keys;
-  const char* after;
-  ElementKind kind = ElementKind::multiLine;
-};
+const std::map<std::string_view, std::uint64_t> modifiers{{"⇧", modifier::shift},
+                                                          {"⌃", modifier::control},
+                                                          {"⌥", modifier::option},
+                                                          {"⌘", modifier::command}};
 
-KeyStroke key(std::uint16_t code, std::uint64_t flags = 0) {
-  return {code, std::nullopt, flags};
+const std::map<std::string_view, KeyStroke> namedKeys{
+    {"←", {123, {}, 0}},  {"→", {124, {}, 0}},    {"↑", {126, {}, 0}},  {"↓", {125, {}, 0}},
+    {"⇱", {115, {}, 0}},  {"⇲", {119, {}, 0}},    {"⇞", {116, {}, 0}},  {"⇟", {121, {}, 0}},
+    {"⌫", {51, {}, 0}},   {"⌦", {117, {}, 0}},    {"↩", {36, "\r", 0}}, {"⌤", {76, "\x03", 0}},
+    {"⇥", {48, "\t", 0}}, {"⎋", {53, "\x1b", 0}}, {"○", {0, {}, 0}},    {"∅", {0, "", 0}}};
+
+/// The strokes of a row: a modifier goes with the next key, and what has no name types itself.
+std::vector<KeyStroke> strokes(std::string_view keys) {
+  std::vector<KeyStroke> result;
+  std::uint64_t flags = 0;
+  for (const auto character : text::characters(keys)) {
+    if (const auto modifier = modifiers.find(character); modifier != modifiers.end()) {
+      flags |= modifier->second;
+      continue;
+    }
+    const auto named = namedKeys.find(character);
+    result.push_back(named != namedKeys.end() ? named->second
+                                              : KeyStroke{0, std::string(character), 0});
+    result.back().modifierFlags = std::exchange(flags, 0);
+  }
+  return result;
 }
 
-KeyStroke textKey(std::string text, std::uint64_t flags = 0) {
-  return {anyKey, text, flags};
+TextElement elementShowing(std::string_view marked, ElementKind kind) {
+  std::u16string text = text::toUtf16(marked);
+  const std::size_t anchorMark = text.find(u'^');
+  if (anchorMark != std::u16string::npos) text.erase(anchorMark, 1);
+  const std::size_t caret = text.find(u'|');
+  text.erase(caret, 1);
+  const std::size_t anchor = std::min(anchorMark, caret);
+  TextElement element(kind, text::toUtf8(text));
+  element.select({static_cast<std::int64_t>(anchor), static_cast<std::int64_t>(caret - anchor)});
+  return element;
 }
 
-void strikeAll(const std::vector<KeyStroke>& keys, TextElement& element) {
-  for (const auto& [code, text, flags] : keys) {
-    applyKey({EventMask::keyDown, code, text, flags, 0, std::nullopt}, element);
+std::string shownBy(const TextElement& element) {
+  const auto [from, length] = element.selection();
+  std::string shown = text::toUtf8(element.slice({0, from}));
+  if (length > 0) shown += '^' + text::toUtf8(element.slice({from, length}));
+  return shown + '|' + text::toUtf8(element.slice({from + length, element.length()}));
+}
+
+/// Every row is "before keys after". In the texts "|" marks the caret and "^", if there is one, the
+/// other end of the selection.
+void expectEdits(std::initializer_list<std::string_view> rows, ElementKind kind = multiLine) {
+  for (const auto row : rows) {
+    const auto keysAt = row.find(' ') + 1, afterAt = row.find(' ', keysAt) + 1;
+    TextElement element = elementShowing(row.substr(0, keysAt - 1), kind);
+    for (const auto& [code, text, flags] : strokes(row.substr(keysAt, afterAt - 1 - keysAt))) {
+      applyKey({EventMask::keyDown, code, text, flags, 0, std::nullopt}, element);
+    }
+    EXPECT_EQ(shownBy(element), row.substr(afterAt)) << row;
   }
 }
 
-class KeyEditing : public testing::TestWithParam<EditingCase> {};
-
-TEST_P(KeyEditing, LeavesTextAndSelection) {
-  TextElement element = elementShowing(GetParam().before, GetParam().kind);
-  strikeAll(GetParam().keys, element);
-  EXPECT_EQ(shownBy(element), GetParam().after);
+TEST(KeyEditing, InsertsText) {
+  expectEdits({"h|lo e he|lo", "h^XY|lo e he|lo", "a|b 😀 a😀|b", "| ⌥å å|", "a|b ↩ a\n|b",
+               "a|b ⌤ a\n|b", "| \r \n|", "| \r\n \n|", "a| ⇥ a\t|", "a| \uF900 a\uF900|"});
 }
 
-std::string nameOf(const testing::TestParamInfo<EditingCase>& info) {
-  return info.param.name;
+TEST(KeyEditing, IgnoresWhatIsNoText) {
+  expectEdits({"^a| ⌃b ^a|", "^a| ⌘v ^a|", "a| ⌘↩ a|", "^a| \x01 ^a|", "^a| \x7f ^a|",
+               "^a| \uF700 ^a|", "^a| \uF8FF ^a|", "^a| ○∅ ^a|", "^a| ⎋ ^a|"});
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Typing, KeyEditing,
-    testing::Values(EditingCase{"InsertsAtTheCaret", "h|lo", {textKey("e")}, "he|lo"},
-                    EditingCase{"ReplacesTheSelection", "h^XY|lo", {textKey("e")}, "he|lo"},
-                    EditingCase{"InsertsEmoji", "a|b", {textKey("😀")}, "a😀|b"},
-                    EditingCase{"InsertsWithOption", "|", {textKey("å", modifier::option)}, "å|"},
-                    EditingCase{"IgnoresControl", "^a|", {textKey("b", modifier::control)}, "^a|"},
-                    EditingCase{"IgnoresCommand", "^a|", {textKey("v", modifier::command)}, "^a|"},
-                    EditingCase{"IgnoresCommandReturn", "a|", {key(36, modifier::command)}, "a|"},
-                    EditingCase{"IgnoresControlCharacter", "^a|", {textKey("\x01")}, "^a|"},
-                    EditingCase{"IgnoresDeleteCharacter", "^a|", {textKey("\x7f")}, "^a|"},
-                    EditingCase{"IgnoresFirstFunctionKey", "^a|", {textKey("\uF700")}, "^a|"},
-                    EditingCase{"IgnoresLastFunctionKey", "^a|", {textKey("\uF8FF")}, "^a|"},
-                    EditingCase{
-                        "InsertsBehindTheFunctionKeys", "a|", {textKey("\uF900")}, "a\uF900|"},
-                    EditingCase{"IgnoresKeysWithoutText", "^a|", {key(anyKey), textKey("")}, "^a|"},
-                    EditingCase{"IgnoresEscape", "^a|", {{keycode::escape, "\x1b", 0}}, "^a|"},
-                    EditingCase{"ReturnBreaksTheLine", "a|b", {{36, "\r", 0}}, "a\n|b"},
-                    EditingCase{"KeypadEnterBreaksTheLine", "a|b", {{76, "\x03", 0}}, "a\n|b"},
-                    EditingCase{"CarriageReturnTextIsALineBreak", "|", {textKey("\r")}, "\n|"},
-                    EditingCase{"CarriageReturnLineFeedIsOne", "|", {textKey("\r\n")}, "\n|"},
-                    EditingCase{"TabInsertsATab", "a|", {{keycode::tab, "\t", 0}}, "a\t|"}),
-    nameOf);
+TEST(KeyEditing, DeletesWholeCharacters) {
+  expectEdits({"abc| ⌫ ab|", "a^bc|d ⌫ a|d", "|a ⌫ |a", "a\n|b ⌫ a|b", "a😀|b ⌫ a|b",
+               "caf\u0065\u0301| ⌫ caf|", "x👨‍👩‍👧| ⌫ x|", "🇩🇪🇫🇷| ⌫ 🇩🇪|",
+               "a|bc ⌦ a|c", "a^b|c ⌦ a|c", "a| ⌦ a|", "a|e\u0301😀 ⌦ a|😀"});
+}
 
-INSTANTIATE_TEST_SUITE_P(
-    Deleting, KeyEditing,
-    testing::Values(EditingCase{"BackspaceTakesOneCharacter", "abc|", {key(51)}, "ab|"},
-                    EditingCase{"BackspaceTakesTheSelection", "a^bc|d", {key(51)}, "a|d"},
-                    EditingCase{"BackspaceAtTheStart", "|a", {key(51)}, "|a"},
-                    EditingCase{"BackspaceJoinsLines", "a\n|b", {key(51)}, "a|b"},
-                    EditingCase{"BackspaceTakesASurrogatePair", "a😀|b", {key(51)}, "a|b"},
-                    EditingCase{
-                        "BackspaceTakesTheCombiningMark", "caf\u0065\u0301|", {key(51)}, "caf|"},
-                    EditingCase{"BackspaceTakesAFamily", "x👨‍👩‍👧|", {key(51)}, "x|"},
-                    EditingCase{"BackspaceTakesOneFlag", "🇩🇪🇫🇷|", {key(51)}, "🇩🇪|"},
-                    EditingCase{"ForwardDeleteTakesOneCharacter", "a|bc", {key(117)}, "a|c"},
-                    EditingCase{"ForwardDeleteTakesTheSelection", "a^b|c", {key(117)}, "a|c"},
-                    EditingCase{"ForwardDeleteAtTheEnd", "a|", {key(117)}, "a|"},
-                    EditingCase{"ForwardDeleteTakesACluster", "a|e\u0301😀", {key(117)}, "a|😀"}),
-    nameOf);
+TEST(KeyEditing, MovesByCharacters) {
+  expectEdits({"ae\u0301| ← a|e\u0301", "|👍🏽a → 👍🏽|a", "|a ← |a", "a^bc|d ← a|bcd",
+               "a^bc|d → abc|d", "abc| ⇧←⇧← a^bc|", "ab|c ⇧←⇧→ ab|c"});
+}
 
-INSTANTIATE_TEST_SUITE_P(
-    Moving, KeyEditing,
-    testing::Values(
-        EditingCase{"LeftByACharacter", "ae\u0301|", {key(123)}, "a|e\u0301"},
-        EditingCase{"RightByACharacter", "|👍🏽a", {key(124)}, "👍🏽|a"},
-        EditingCase{"LeftStopsAtTheStart", "|a", {key(123)}, "|a"},
-        EditingCase{"LeftCollapsesToTheStart", "a^bc|d", {key(123)}, "a|bcd"},
-        EditingCase{"RightCollapsesToTheEnd", "a^bc|d", {key(124)}, "abc|d"},
-        EditingCase{"ShiftLeftExtends", "abc|", {key(123, shift), key(123, shift)}, "a^bc|"},
-        EditingCase{"ShiftRightShrinks", "ab|c", {key(123, shift), key(124, shift)}, "ab|c"},
-        EditingCase{"ShiftHomeSelectsTheLine", "x\nab|c", {key(115, shift)}, "x\n^ab|c"},
-        EditingCase{"HomeToTheLineStart", "x\nab|c", {key(115)}, "x\n|abc"},
-        EditingCase{"EndToTheLineEnd", "a|bc\nx", {key(119)}, "abc|\nx"},
-        EditingCase{"UpKeepsTheColumn", "abc\nde|f", {key(126)}, "ab|c\ndef"},
-        EditingCase{"DownKeepsTheColumn", "ab|c\ndef", {key(125)}, "abc\nde|f"},
-        EditingCase{"UpOverAShortLine", "abc\n\nde|f", {key(126), key(126)}, "ab|c\n\ndef"},
-        EditingCase{"UpInTheFirstLine", "ab|c", {key(126)}, "|abc"},
-        EditingCase{"DownInTheLastLine", "a|bc", {key(125)}, "abc|"},
-        EditingCase{"UpAvoidsHalfACharacter", "😀b\na|", {key(126)}, "|😀b\na"},
-        EditingCase{"ShiftDownExtends", "a|b\ncd", {key(125, shift)}, "a^b\nc|d"},
-        EditingCase{"PageUpToTheStart", "a\nb\nc|", {key(116)}, "|a\nb\nc"},
-        EditingCase{"PageDownToTheEnd", "a|\nb\nc", {key(121)}, "a\nb\nc|"},
-        EditingCase{
-            "TypingForgetsTheColumn", "abc|\n\n", {key(125), textKey("x"), key(126)}, "a|bc\nx\n"}),
-    nameOf);
+TEST(KeyEditing, MovesByLines) {
+  expectEdits({"x\nab|c ⇧⇱ x\n^ab|c", "x\nab|c ⇱ x\n|abc", "a|bc\nx ⇲ abc|\nx",
+               "abc\nde|f ↑ ab|c\ndef", "ab|c\ndef ↓ abc\nde|f", "abc\n\nde|f ↑↑ ab|c\n\ndef",
+               "ab|c ↑ |abc", "a|bc ↓ abc|", "😀b\na| ↑ |😀b\na", "a|b\ncd ⇧↓ a^b\nc|d",
+               "a\nb\nc| ⇞ |a\nb\nc", "a|\nb\nc ⇟ a\nb\nc|", "abc|\n\n ↓x↑ a|bc\nx\n"});
+}
 
-INSTANTIATE_TEST_SUITE_P(
-    Kinds, KeyEditing,
-    testing::Values(
-        EditingCase{
-            "SingleLineIgnoresReturn", "^a|b", {{36, "\r", 0}}, "^a|b", ElementKind::singleLine},
-        EditingCase{
-            "SingleLineIgnoresTab", "^a|b", {{48, "\t", 0}}, "^a|b", ElementKind::singleLine},
-        EditingCase{
-            "SingleLineDropsBreaks", "|", {textKey("a\r\nb")}, "ab|", ElementKind::singleLine},
-        EditingCase{"SingleLineIgnoresBreakAlone",
-                    "^a|b",
-                    {textKey("\r")},
-                    "^a|b",
-                    ElementKind::singleLine},
-        EditingCase{
-            "PasswordTakesKeys", "a|", {textKey("b"), key(36)}, "ab|", ElementKind::password},
-        EditingCase{"ReadOnlyKeepsItsText",
-                    "^a|b",
-                    {textKey("x"), key(51), key(117), key(36)},
-                    "^a|b",
-                    ElementKind::readOnly},
-        EditingCase{"ReadOnlyMovesTheCaret", "ab|", {key(123)}, "a|b", ElementKind::readOnly},
-        EditingCase{"DeafToAccessibilityTakesKeys",
-                    "a|",
-                    {textKey("b")},
-                    "ab|",
-                    ElementKind::ignoresAccessibilityWrites},
-        EditingCase{"WithoutAccessibilityTakesKeys",
-                    "a|",
-                    {textKey("b")},
-                    "ab|",
-                    ElementKind::withoutAccessibility}),
-    nameOf);
+TEST(KeyEditing, DependsOnTheKindOfElement) {
+  expectEdits({"^a|b ↩⇥\r ^a|b"}, singleLine);
+  expectEdits({"a| b↩ ab|"}, password);
+  expectEdits({"^a|b x⌫⌦↩ ^a|b", "ab| ← a|b"}, readOnly);
+  expectEdits({"a| b ab|"}, ignoresAccessibilityWrites);
+  expectEdits({"a| b ab|"}, withoutAccessibility);
+}
 
 }  // namespace
 }  // namespace mirvane::simulated

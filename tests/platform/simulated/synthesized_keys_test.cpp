@@ -44,18 +44,6 @@ TEST_F(SynthesizedKeys, ComeBackInOrderWithTextAndUserData) {
   EXPECT_EQ(element.text(), "a hello ");
 }
 
-TEST_F(SynthesizedKeys, QueueBehindTheTasksAlreadyWaiting) {
-  const auto& element = desktop.openElement();
-  std::string seen = "unset";
-  desktop.tasks().post([&] {
-    post(keycode::text, "x");
-    desktop.tasks().post([&] { seen += ", later " + element.text(); });
-  });
-  desktop.tasks().post([&] { seen = "waiting '" + element.text() + "'"; });
-  desktop.settle();
-  EXPECT_EQ(seen, "waiting '', later x");
-}
-
 TEST_F(SynthesizedKeys, GoToWhateverHasTheFocusWhenTheyArrive) {
   const auto& before = desktop.openElement();
   post(keycode::text, "x");
@@ -77,11 +65,6 @@ TEST_F(SynthesizedKeys, InsertTheirTextWholeWhateverTheKeyCode) {
   desktop.settle();
   EXPECT_EQ(element.text(), "one\ntwo");
   EXPECT_EQ(element.caret(), 7);
-}
-
-TEST_F(SynthesizedKeys, SourcesCanBeRefused) {
-  desktop.poster().setRefusesSources(true);
-  EXPECT_EQ(desktop.poster().createSource({}), nullptr);
 }
 
 }  // namespace
