@@ -21,6 +21,8 @@ class Editor(Program):
     command = ()
     unit = "utf-32-le"  # of its offsets: characters or UTF-16 units
     environment = {}  # beside that of the desktop
+    # Else it shows a key too late there for the word to be corrected.
+    keeps_up_with_a_megabyte = True
 
     def __init__(self, text=""):
         self.element = None
@@ -190,3 +192,4 @@ class Firefox(WebPage):
 
 class Chromium(WebPage):
     command = ("chromium", "--no-sandbox", "--no-first-run", "--force-renderer-accessibility")
+    keeps_up_with_a_megabyte = False
