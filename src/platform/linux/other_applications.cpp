@@ -1,31 +1,21 @@
 #include "platform/linux/other_applications.h"
 
-#include <atomic>
-#include <chrono>
 #include <string>
 #include <utility>
 
-#include "platform/key_codes.h"
 #include "platform/linux/atspi/accessibility_link.h"
+#include "platform/linux/atspi/application_keys.h"
 #include "platform/linux/atspi/field_writer.h"
-#include "platform/linux/atspi/focus_watch.h"
 #include "platform/linux/atspi/remote_text_element.h"
 #include "platform/linux/delivery_queue.h"
 #include "platform/linux/field_text.h"
 #include "platform/linux/key_identity.h"
+#include "platform/linux/remote_key_source.h"
 #include "platform/linux/x11/desktop_input.h"
 #include "platform/linux/x11/key_typist.h"
-#include "platform/linux/x11/server_clock.h"
 
 namespace mirvane {
 namespace {
-
-/// How often, and how long after each other, a window that has just come to the front is searched
-/// for its focused element.
-constexpr int mostLooksAhead = 10;
-constexpr std::chrono::milliseconds betweenLooks{400};
-
-constexpr std::uint64_t commandModifiers = modifier::control | modifier::option | modifier::command;
 
 InputEvent inputEventOf(const WatchedKey& key) {
   return {key.isDown ? EventMask::keyDown : EventMask::keyUp,
@@ -36,48 +26,6 @@ InputEvent inputEventOf(const WatchedKey& key) {
           0};
 }
 
-/// The text whose appearance shows that the application has dealt with the key; absent for keys
-/// that need not type any.
-std::optional<std::string> effectOf(const WatchedKey& key) {
-  if (!key.isDown || !key.text || (key.modifierFlags & commandModifiers) != 0) return std::nullopt;
-  const bool isControl = static_cast<unsigned char>(key.text->front()) < ' ';
-  if (isControl && key.text != "\r") return std::nullopt;
-  return key.text;
-}
-
-/// Gathers the keys of one replacement.
-class RemoteKeySource : public KeyEventSource {
- public:
-  using Type = std::function<void(std::int64_t deleteCount, const std::string& text)>;
-
-  explicit RemoteKeySource(Type type) : type_(std::move(type)) {}
-  RemoteKeySource(const RemoteKeySource&) = delete;
-  RemoteKeySource& operator=(const RemoteKeySource&) = delete;
-  ~RemoteKeySource() override {
-    if (deleteCount_ > 0 || !text_.empty()) type_(deleteCount_, text_);
-  }
-
-  /// Of no use here: own keys are known when they come back, and not reported at all.
-  void setUserData(std::int64_t /*userData*/) override {}
-
-  void post(const SynthesizedKey& key) override {
-    if (!key.isDown) return;
-    if (key.keyCode == keycode::deleteKey) ++deleteCount_;
-    text_ += key.text;
-  }
-
- private:
-  Type type_;
-  std::int64_t deleteCount_ = 0;
-  std::string text_;
-};
-
-/// Whether Backspaces may take this back without a look: in a chat it may have been sent, in a form
-/// the focus may be elsewhere.
-bool mayBeTakenBackBlindly(const std::u16string& text) {
-  return !text.empty() && text.back() != u'\n' && text.back() != u'\t';
-}
-
 }  // namespace
 
 class OtherApplications::Implementation {
@@ -85,7 +33,7 @@ class OtherApplications::Implementation {
   Implementation(QtTaskQueue& tasks, XDisplay display)
       : tasks_(tasks),
         link_(thread_),
-        watch_(thread_),
+        keys_(thread_),
         typist_(std::move(display), posted_),
         deliveries_(tasks) {}
 
@@ -93,7 +41,7 @@ class OtherApplications::Implementation {
   Implementation& operator=(const Implementation&) = delete;
 
   ~Implementation() {
-    thread_.stop([this] { watch_.stop(); });
+    thread_.stop([this] { keys_.stop(); });
     input_.reset();
     // They hold fields, which the thread would have to let go of.
     tasks_.drop();
@@ -102,7 +50,7 @@ class OtherApplications::Implementation {
   bool connect() {
     input_ = DesktopInput::start(
         posted_, {[this](const DesktopKey& key) { thread_.post([this, key] { handle(key); }); },
-                  [this] { thread_.post([this] { noteMissedKey(); }); },
+                  [this] { thread_.post([this] { keys_.noteMissedKey(); }); },
                   [this](double timestamp) {
                     thread_.post([this, timestamp] { handlePointer(timestamp); });
                   },
@@ -118,7 +66,7 @@ class OtherApplications::Implementation {
     onInput_ = std::move(handler);
     const bool isWatching = onInput_ != nullptr;
     input_->setWatching(isWatching);
-    thread_.post([this, isWatching] { watch_.setListening(isWatching); });
+    thread_.post([this, isWatching] { keys_.setListening(isWatching); });
   }
 
   void setActivationHandler(std::function<void()> handler) { onActivation_ = std::move(handler); }
@@ -130,26 +78,22 @@ class OtherApplications::Implementation {
   [[nodiscard]] std::shared_ptr<AccessibilityElement> focusedElement() {
     if (!window_ || window_->isOwn || window_->isTerminal) return nullptr;
     if (isInKey_ && (element_ == nullptr || element_->isFresh())) return element_;
-    auto context = link_.ask<KeyContext>([this, processId = window_->processId] {
-      KeyContext found;
-      found.field = watch_.focusedField(processId);
-      if (found.field) found.content = found.field->read();
-      return found;
-    });
+    auto context = link_.ask<KeyContext>(
+        [this, processId = window_->processId] { return keys_.look(processId); });
     auto element = context ? elementFor(std::move(*context)) : nullptr;
     if (isInKey_) element_ = element;
     return element;
   }
 
   [[nodiscard]] bool isSecureInputEnabled() const {
-    return window_ && !window_->isOwn && (window_->isTerminal || isSecure_);
+    return window_ && !window_->isOwn && (window_->isTerminal || keys_.isSecure());
   }
 
   [[nodiscard]] std::unique_ptr<KeyEventSource> createSource(std::string_view textBeforeCaret) {
     if (!window_ || window_->isOwn || !mayType_ || !input_->isHolding(hold_)) return nullptr;
     const auto mayType = [this, processId = window_->processId,
                           expected = asInFields(textBeforeCaret)] {
-      return typist_.canType() && mayStandBeforeCaret(processId, expected);
+      return typist_.canType() && keys_.mayStandBeforeCaret(processId, expected);
     };
     if (!link_.ask<bool>(mayType).value_or(false)) return nullptr;
     return std::make_unique<RemoteKeySource>(
@@ -164,103 +108,48 @@ class OtherApplications::Implementation {
   // On the accessibility thread.
 
   void handle(const DesktopKey& key) {
-    auto context = contextOf(key);
-    isSecure_ = watch_.isSecure();
-    if (context.isSecure) {
-      noteMissedKey();
+    auto reportable = keys_.take(key, *input_);
+    if (!reportable) {
       input_->giveBack(key.hold);
       return;
     }
-    // How often a held key has been repeated is a guess.
-    if (key.key.isRepeat) isWordUnsure_ = true;
-    const bool mayType = !isWordUnsure_;
-    if (key.hold != KeyHold::none) isWordUnsure_ = false;
-    // What the engine has in mind belongs to the word before the missed keys, until it has heard of
-    // the one that is being typed.
-    if (hasMissedKeys_ && key.key.isDown) {
-      hasMissedKeys_ = key.hold != KeyHold::none;
-      if (hasMissedKeys_) context.content.reset();
-    }
     // std::function wants what it holds to be copyable.
-    auto shared = std::make_shared<KeyContext>(std::move(context));
-    tasks_.post(lifetime_.guard([this, key, shared, mayType] {
-      deliveries_.add({[this, key, shared, mayType] {
-                         mayType_ = mayType;
-                         begin(key, std::move(*shared));
-                       },
-                       [this, hold = key.hold] { end(hold); }});
-    }));
-  }
-
-  void noteMissedKey() { hasMissedKeys_ = isWordUnsure_ = true; }
-
-  [[nodiscard]] KeyContext contextOf(const DesktopKey& key) {
-    constexpr double millisecondsPerSecond = 1000;
-    const AwaitedKey awaited{effectOf(key.key),
-                             timePoint(key.key.timestamp * millisecondsPerSecond),
-                             timePoint(key.key.deliveredAt * millisecondsPerSecond)};
-    KeyContext context;
-    context.isSecure = key.window.isTerminal || watch_.wasSecure(awaited.pressedAt);
-    // Releases change nothing that anybody asks about.
-    if (context.isSecure || !key.key.isDown) return context;
-    context = watch_.contextOfKey(key.window.processId, awaited);
-    // What stands there may be the work of later keys, and theirs the word that would be corrected.
-    if (key.hold != KeyHold::none && !input_->isHolding(key.hold)) context.content.reset();
-    return context;
+    auto shared = std::make_shared<ReportableKey>(std::move(*reportable));
+    deliver([this, shared] { begin(std::move(*shared)); }, [this, hold = key.hold] { end(hold); });
   }
 
   void handlePointer(double timestamp) {
-    watch_.notePointer();
+    keys_.notePointer();
     InputEvent press;
     press.kind = EventMask::pointerDown;
     press.timestamp = timestamp;
-    tasks_.post(lifetime_.guard([this, press] {
-      deliveries_.add({[this, press] { report(press); }, [] {}});
-    }));
+    deliver([this, press] { report(press); });
   }
 
   void handleActivation(const DesktopWindow& window) {
-    tasks_.post(lifetime_.guard([this, window] {
-      deliveries_.add({[this, window] { activate(window); }, [] {}});
+    deliver([this, window] { activate(window); });
+    keys_.noteActivation(window);
+  }
+
+  /// Runs both on the main thread, one behind the other, with nothing of another delivery between.
+  void deliver(
+      std::function<void()> begin, std::function<void()> end = [] {}) {
+    tasks_.post(lifetime_.guard([this, begin = std::move(begin), end = std::move(end)] {
+      deliveries_.add({begin, end});
     }));
-    windowInFront_ = window.id;
-    if (window.isOwn || window.isTerminal) {
-      watch_.leave();
-    } else {
-      lookAhead(window, mostLooksAhead);
-    }
-    isSecure_ = watch_.isSecure();
-  }
-
-  /// The first look at an application takes longest, above all while it is starting: before its
-  /// first key.
-  void lookAhead(const DesktopWindow& window, int looksLeft) {
-    if (windowInFront_ != window.id) return;
-    if (watch_.focusedField(window.processId) || looksLeft == 0) return;
-    thread_.postLater([this, window, looksLeft] { lookAhead(window, looksLeft - 1); },
-                      betweenLooks);
-  }
-
-  [[nodiscard]] bool mayStandBeforeCaret(int processId, const std::u16string& expected) {
-    const auto field = watch_.focusedField(processId);
-    isSecure_ = watch_.isSecure();
-    if (isSecure_) return false;
-    const auto content = field ? field->read() : std::nullopt;
-    // Where nothing can be read anything may stand, unless the application takes no part.
-    if (!content) return !watch_.takesPart(processId) && mayBeTakenBackBlindly(expected);
-    return content->selection.length == 0 && content->hasBeforeCaret(expected);
   }
 
   // On the main thread.
 
-  void begin(const DesktopKey& key, KeyContext context) {
-    window_ = key.window;
-    if (context.content) link_.unmute();
-    hold_ = key.hold;
-    element_ = elementFor(std::move(context));
+  void begin(ReportableKey key) {
+    window_ = key.key.window;
+    if (key.context.content) link_.unmute();
+    hold_ = key.key.hold;
+    mayType_ = key.mayType;
+    element_ = elementFor(std::move(key.context));
     isInKey_ = true;
     link_.beginBudget();
-    report(inputEventOf(key.key));
+    report(inputEventOf(key.key.key));
   }
 
   void end(KeyHold hold) {
@@ -294,7 +183,7 @@ class OtherApplications::Implementation {
   PostedKeys posted_;
   AccessibilityThread thread_;
   AccessibilityLink link_;
-  FocusWatch watch_;
+  ApplicationKeys keys_;
   KeyTypist typist_;
   std::unique_ptr<DesktopInput> input_;
   std::optional<FieldWriter> writer_;
@@ -305,15 +194,7 @@ class OtherApplications::Implementation {
   bool isInKey_ = false;
   KeyHold hold_ = KeyHold::none;
   std::shared_ptr<RemoteTextElement> element_;
-  std::atomic<bool> isSecure_ = false;
-  /// Of the accessibility thread.
-  std::uint64_t windowInFront_ = 0;
-  /// Of the accessibility thread: keys were dropped, and no word has been begun since.
-  bool hasMissedKeys_ = false;
-  /// Of the accessibility thread: the word being typed is longer or shorter than what was reported.
-  bool isWordUnsure_ = false;
-  /// Of the main thread: Backspaces may follow the key at hand.
-  bool mayType_ = true;
+  bool mayType_ = true;  ///< Backspaces may follow the key at hand
   /// Goes before what its deliveries hold.
   DeliveryQueue deliveries_;
   Lifetime lifetime_;

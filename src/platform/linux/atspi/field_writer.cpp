@@ -1,8 +1,10 @@
 #include "platform/linux/atspi/field_writer.h"
 
 #include <chrono>
+#include <iterator>
 #include <thread>
 
+#include "text/characters.h"
 #include "text/utf16.h"
 
 namespace mirvane {
@@ -15,10 +17,10 @@ constexpr std::chrono::milliseconds pollInterval{2};
 /// The caret stands behind the word and what ended it, not farther.
 constexpr std::int64_t longestTail = 8;
 /// An application that hangs in the middle of a replacement is asked again, for half a minute.
-constexpr std::chrono::milliseconds firstDelay{100};
-constexpr std::chrono::milliseconds longestPatience{30'000};
+constexpr std::chrono::milliseconds attemptInterval{200};
+constexpr std::chrono::seconds longestPatience{30};
 
-using Clock = std::chrono::steady_clock;
+using Clock = FieldWriter::Clock;
 
 template <typename Condition>
 bool await(Condition condition, std::chrono::milliseconds longestWait) {
@@ -42,6 +44,13 @@ TextField::Range replacedRange(const TextField& field, const Replacement& replac
   return {replacement.range.start, replacement.range.start + field.lengthOf(replacement.text)};
 }
 
+/// Whether as many Backspaces as the text has UTF-16 units delete just that: each sign is one, and
+/// the part behind the word is what was typed, with nothing that the editor put there itself.
+bool isTakenBackByKeys(const std::u16string& text, const std::u16string& tail) {
+  return tail.size() == 1 && tail != u"\n" && tail != u"\t" &&
+         text::characterCount(text::toUtf8(text)) == text.size();
+}
+
 bool awaitText(const TextField& field, const Replacement& replacement) {
   const auto range = replacedRange(field, replacement);
   return await([&] { return field.holds(range, replacement.text).value_or(false); }, longestTyping);
@@ -53,7 +62,7 @@ bool FieldWriter::replace(const std::shared_ptr<TextField>& field, const Place& 
                           const Replacement& replacement) {
   if (field->text(replacement.range) != replacement.replaced) return false;
   const auto outcome = replaceEditable(*field, replacement);
-  if (outcome == Outcome::unknown) finishLater(field, replacement, firstDelay, longestPatience);
+  if (outcome == Outcome::unknown) finishLater(field, replacement, Clock::now() + longestPatience);
   if (outcome != Outcome::unchanged) return outcome == Outcome::done;
   if (!field->isFocused()) return false;
   return typist_.canType() && replaceByTyping(*field, place, replacement) == Outcome::done;
@@ -73,23 +82,23 @@ FieldWriter::Outcome FieldWriter::replaceEditable(const TextField& field,
 }
 
 /// The application hung in the middle: once it answers, either nothing has reached it or the old
-/// text still has to go. Asked ever more rarely, as each question holds up the others for a moment.
+/// text still has to go.
 void FieldWriter::finishLater(const std::shared_ptr<TextField>& field,
-                              const Replacement& replacement, std::chrono::milliseconds delay,
-                              std::chrono::milliseconds patience) {
-  if (delay > patience) return;
+                              const Replacement& replacement, Clock::time_point deadline) {
+  if (Clock::now() > deadline) return;
   thread_.postLater(
-      [this, field, replacement, delay, patience] {
-        const auto old = field->text(replacement.range);
+      [this, field, replacement, deadline] {
+        // Each question holds up the others for a moment.
+        const auto old = thread_.isWaitedFor() ? std::nullopt : field->text(replacement.range);
         const auto isInserted =
             old ? field->holds(insertedRange(*field, replacement), replacement.text) : std::nullopt;
         if (!isInserted) {
-          finishLater(field, replacement, 2 * delay, patience - delay);
+          finishLater(field, replacement, deadline);
         } else if (*isInserted && old == replacement.replaced) {
           field->remove(replacement.range);
         }
       },
-      delay);
+      attemptInterval);
 }
 
 FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const Place& place,
@@ -102,32 +111,30 @@ FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const 
     if (!caret || *caret < range.end || *caret - range.end > longestTail) return;
     const auto old = field.text({range.start, *caret});
     if (!old || !old->starts_with(replacement.replaced)) return;
-    const auto text = replacement.text + text::toUtf8(old->substr(replacement.replaced.size()));
-    const auto selection = select(field, {range.start, *caret}, *old);
-    const auto isSelected = selection == Selection::made;
-    const auto deleteCount = isSelected ? (text.empty() ? 1 : 0) : text::scalarCount(*old);
-    // Backspaces behind a selection that comes late would delete what stands before the word.
-    const bool isTyped = selection != Selection::unknown && isHeld() &&
-                         typist_.type(place.window, deleteCount, text);
-    if (isTyped) {
-      outcome = awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
-    } else if (selection != Selection::impossible) {
-      field.setCaret(*caret);
-    }
+    const auto tail = old->substr(replacement.replaced.size());
+    const auto text = replacement.text + text::toUtf8(tail);
+    // Keys arrive in order, however late the application deals with them; a selection does not.
+    const bool isTyped = isTakenBackByKeys(*old, tail)
+                             ? isHeld() && typist_.type(place.window, std::ssize(*old), text)
+                             : typeOver(field, {range.start, *caret}, *old, [&] {
+                                 return isHeld() && typist_.type(place.window, 0, text);
+                               });
+    if (isTyped) outcome = awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
   });
   return outcome;
 }
 
-FieldWriter::Selection FieldWriter::select(const TextField& field, TextField::Range range,
-                                           const std::u16string& text) {
+bool FieldWriter::typeOver(const TextField& field, TextField::Range range,
+                           const std::u16string& old, const std::function<bool()>& type) {
   // Some count the text in one unit and select in another.
-  const bool isCountedAlike = field.lengthOf(text::toUtf8(text)) == range.end - range.start &&
+  const bool isCountedAlike = field.lengthOf(text::toUtf8(old)) == range.end - range.start &&
                               !field.hasPairsBefore(range.end);
-  if (!isCountedAlike) return Selection::impossible;
-  const auto answer = field.select(range);
-  if (answer == false) return Selection::impossible;
+  if (!isCountedAlike || field.select(range) == false) return false;
   const auto isSelected = [&] { return field.isSelected(range); };
-  return answer && await(isSelected, longestSelection) ? Selection::made : Selection::unknown;
+  const bool isTyped = await(isSelected, longestSelection) && type();
+  // Also a selection that is not known to have been made: it may come late.
+  if (!isTyped) field.setCaret(range.end);
+  return isTyped;
 }
 
 bool FieldWriter::type(const Place& place, std::int64_t deleteCount, std::string_view text,

@@ -14,10 +14,12 @@
 namespace mirvane {
 
 /// Replaces text in fields of other applications, by the best way that each of them knows:
-/// as editable text; by selecting and typing; by Backspaces. Used on the accessibility thread
-/// alone.
+/// as editable text; by Backspaces and typing; by selecting and typing. Used on the accessibility
+/// thread alone.
 class FieldWriter {
  public:
+  using Clock = std::chrono::steady_clock;
+
   FieldWriter(AccessibilityThread& thread, DesktopInput& input, KeyTypist& typist)
       : thread_(thread), input_(input), typist_(typist) {}
 
@@ -45,15 +47,14 @@ class FieldWriter {
 
  private:
   enum class Outcome { done, unchanged, unknown };
-  enum class Selection { made, impossible, unknown };
 
   Outcome replaceEditable(const TextField& field, const Replacement& replacement);
   void finishLater(const std::shared_ptr<TextField>& field, const Replacement& replacement,
-                   std::chrono::milliseconds delay, std::chrono::milliseconds patience);
+                   Clock::time_point deadline);
   Outcome replaceByTyping(const TextField& field, const Place& place,
                           const Replacement& replacement);
-  static Selection select(const TextField& field, TextField::Range range,
-                          const std::u16string& text);
+  static bool typeOver(const TextField& field, TextField::Range range, const std::u16string& old,
+                       const std::function<bool()>& type);
 
   AccessibilityThread& thread_;
   DesktopInput& input_;

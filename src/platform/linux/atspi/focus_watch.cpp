@@ -5,6 +5,7 @@
 
 #include "platform/linux/atspi/application_name.h"
 #include "platform/linux/field_text.h"
+#include "text/word_boundaries.h"
 
 namespace mirvane {
 namespace {
@@ -28,6 +29,13 @@ bool startsWith(const gchar* text, std::string_view prefix) {
 /// Whether the text before the caret is what a key has typed; always for keys that delete.
 bool endsWith(const FieldContent& content, const std::string& typed) {
   return typed == "\x7F" || content.hasBeforeCaret(asInFields(typed));
+}
+
+/// Whether the text is known to be as the key has left it: a later key's work fits another word.
+/// Behind a line end an editor may have put something itself.
+bool isWorkOf(const AwaitedKey& key, bool hasEffect, const FieldContent& content) {
+  if (!key.text || (hasEffect && text::isBoundaryKeyText(*key.text))) return true;
+  return endsWith(content, *key.text);
 }
 
 bool movesFocus(const AwaitedKey& key) {
@@ -145,7 +153,7 @@ KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
   if (isBehind) return {mayHaveMoved_, field, std::nullopt};
   mayHaveMoved_ = movesFocus(key);
   auto content = key.text ? readBehind(*field, *key.text) : field->read();
-  if (content && !hasEffect && !endsWith(*content, *key.text)) content.reset();
+  if (content && !isWorkOf(key, hasEffect, *content)) content.reset();
   return {false, std::move(field), std::move(content)};
 }
 

@@ -1,0 +1,117 @@
+#include "platform/linux/atspi/application_keys.h"
+
+#include <chrono>
+#include <utility>
+
+#include "platform/key_codes.h"
+#include "platform/linux/x11/server_clock.h"
+
+namespace mirvane {
+namespace {
+
+/// How often, and how long after each other, a window that has just come to the front is searched
+/// for its focused element.
+constexpr int mostLooksAhead = 10;
+constexpr std::chrono::milliseconds betweenLooks{400};
+
+constexpr std::uint64_t commandModifiers = modifier::control | modifier::option | modifier::command;
+
+/// The text whose appearance shows that the application has dealt with the key; absent for keys
+/// that need not type any.
+std::optional<std::string> effectOf(const WatchedKey& key) {
+  if (!key.isDown || !key.text || (key.modifierFlags & commandModifiers) != 0) return std::nullopt;
+  const bool isControl = static_cast<unsigned char>(key.text->front()) < ' ';
+  if (isControl && key.text != "\r") return std::nullopt;
+  return key.text;
+}
+
+AwaitedKey awaited(const WatchedKey& key) {
+  constexpr double millisecondsPerSecond = 1000;
+  return {effectOf(key), timePoint(key.timestamp * millisecondsPerSecond),
+          timePoint(key.deliveredAt * millisecondsPerSecond)};
+}
+
+/// Whether Backspaces may take this back without a look: in a chat it may have been sent, in a form
+/// the focus may be elsewhere.
+bool mayBeTakenBackBlindly(const std::u16string& text) {
+  return !text.empty() && text.back() != u'\n' && text.back() != u'\t';
+}
+
+}  // namespace
+
+std::optional<ReportableKey> ApplicationKeys::take(const DesktopKey& key,
+                                                   const DesktopInput& input) {
+  auto context = contextOf(key, input);
+  isSecure_ = watch_.isSecure();
+  if (context.isSecure) {
+    noteMissedKey();
+    return std::nullopt;
+  }
+  // How often a held key has been repeated is a guess.
+  hasRepeats_ = hasRepeats_ || key.key.isRepeat;
+  const bool mayType = !hasMissedKeys_ && !hasRepeats_;
+  if (key.hold != KeyHold::none) {
+    // What the engine would replace the word by fits the keys that it has heard of.
+    if (hasMissedKeys_ && !wasTextShown_) context.content.reset();
+    hasMissedKeys_ = hasRepeats_ = false;
+  } else if (key.key.isDown) {
+    wasTextShown_ = context.content.has_value();
+  }
+  return ReportableKey{key, std::move(context), mayType};
+}
+
+void ApplicationKeys::noteMissedKey() {
+  hasMissedKeys_ = true;
+  wasTextShown_ = false;
+}
+
+KeyContext ApplicationKeys::contextOf(const DesktopKey& key, const DesktopInput& input) {
+  const auto awaitedKey = awaited(key.key);
+  KeyContext context;
+  context.isSecure = key.window.isTerminal || watch_.wasSecure(awaitedKey.pressedAt);
+  // Releases change nothing that anybody asks about.
+  if (context.isSecure || !key.key.isDown) return context;
+  context = watch_.contextOfKey(key.window.processId, awaitedKey);
+  // What stands there may be the work of later keys, and theirs the word that would be corrected.
+  if (key.hold != KeyHold::none && !input.isHolding(key.hold)) context.content.reset();
+  return context;
+}
+
+void ApplicationKeys::noteActivation(const DesktopWindow& window) {
+  windowInFront_ = window.id;
+  if (window.isOwn || window.isTerminal) {
+    watch_.leave();
+  } else {
+    lookAhead(window, mostLooksAhead);
+  }
+  isSecure_ = watch_.isSecure();
+}
+
+/// The first look at an application takes longest, above all while it is starting.
+void ApplicationKeys::lookAhead(const DesktopWindow& window, int looksLeft) {
+  if (windowInFront_ != window.id) return;
+  if (focusedField(window.processId) != nullptr || looksLeft == 0) return;
+  thread_.postLater([this, window, looksLeft] { lookAhead(window, looksLeft - 1); }, betweenLooks);
+}
+
+std::shared_ptr<TextField> ApplicationKeys::focusedField(int processId) {
+  auto field = watch_.focusedField(processId);
+  isSecure_ = watch_.isSecure();
+  return field;
+}
+
+KeyContext ApplicationKeys::look(int processId) {
+  KeyContext found;
+  found.field = focusedField(processId);
+  if (found.field) found.content = found.field->read();
+  return found;
+}
+
+bool ApplicationKeys::mayStandBeforeCaret(int processId, const std::u16string& expected) {
+  const auto content = look(processId).content;
+  if (isSecure_) return false;
+  if (!content) return !watch_.takesPart(processId) && mayBeTakenBackBlindly(expected);
+  return content->selection.length == 0 && content->hasBeforeCaret(expected);
+}
+
+}  // namespace mirvane
