@@ -113,10 +113,7 @@ void FocusWatch::setSecure(bool isSecure) {
 
 void FocusWatch::enter(KeyEffects::Application application) {
   // Nothing is known of the new one yet.
-  if (application != inFront_) {
-    setSecure(false);
-    mayHaveMoved_ = true;
-  }
+  if (application != inFront_) setSecure(false);
   inFront_ = application;
 }
 
