@@ -10,6 +10,8 @@ namespace {
 
 /// Applications that confirm a selection do so within a few ms; the others never do.
 constexpr std::chrono::milliseconds longestSelection{150};
+/// Firefox loses what it is asked while it is still at work on the key before: it is asked again.
+constexpr std::chrono::milliseconds selectAgain{30};
 constexpr std::chrono::milliseconds longestTyping{150};
 constexpr std::chrono::milliseconds pollInterval{2};
 /// The caret stands behind the word and what ended it, not farther.
@@ -124,10 +126,15 @@ FieldWriter::Selection FieldWriter::select(const TextField& field, TextField::Ra
   const bool isCountedAlike = field.lengthOf(text::toUtf8(text)) == range.end - range.start &&
                               !field.hasPairsBefore(range.end);
   if (!isCountedAlike) return Selection::impossible;
-  const auto answer = field.select(range);
+  const auto deadline = Clock::now() + longestSelection;
+  auto answer = field.select(range);
   if (answer == false) return Selection::impossible;
   const auto isSelected = [&] { return field.isSelected(range); };
-  return answer && await(isSelected, longestSelection) ? Selection::made : Selection::unknown;
+  while (answer.value_or(false) && !await(isSelected, selectAgain)) {
+    if (Clock::now() > deadline) return Selection::unknown;
+    answer = field.select(range);
+  }
+  return answer.value_or(false) ? Selection::made : Selection::unknown;
 }
 
 bool FieldWriter::type(const Place& place, std::int64_t deleteCount, std::string_view text,
