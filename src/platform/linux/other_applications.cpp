@@ -130,13 +130,9 @@ class OtherApplications::Implementation {
   [[nodiscard]] std::shared_ptr<AccessibilityElement> focusedElement() {
     if (!window_ || window_->isOwn || window_->isTerminal) return nullptr;
     if (isInKey_ && (element_ == nullptr || element_->isFresh())) return element_;
-    auto context = link_.ask<KeyContext>([this, processId = window_->processId] {
-      KeyContext found;
-      found.field = watch_.focusedField(processId);
-      if (found.field) found.content = found.field->read();
-      return found;
-    });
-    auto element = context ? elementFor(std::move(*context)) : nullptr;
+    auto text = link_.ask<TextAtCaret>(
+        [this, processId = window_->processId] { return watch_.focusedText(processId); });
+    auto element = text ? elementFor(std::move(*text)) : nullptr;
     if (isInKey_) element_ = element;
     return element;
   }
@@ -179,7 +175,7 @@ class OtherApplications::Implementation {
     // the one that is being typed.
     if (hasMissedKeys_ && key.key.isDown) {
       hasMissedKeys_ = key.hold != KeyHold::none;
-      if (hasMissedKeys_) context.content.reset();
+      if (hasMissedKeys_) context.text.content.reset();
     }
     // std::function wants what it holds to be copyable.
     auto shared = std::make_shared<KeyContext>(std::move(context));
@@ -205,7 +201,7 @@ class OtherApplications::Implementation {
     if (context.isSecure || !key.key.isDown) return context;
     context = watch_.contextOfKey(key.window.processId, awaited);
     // What stands there may be the work of later keys, and theirs the word that would be corrected.
-    if (key.hold != KeyHold::none && !input_->isHolding(key.hold)) context.content.reset();
+    if (key.hold != KeyHold::none && !input_->isHolding(key.hold)) context.text.content.reset();
     return context;
   }
 
@@ -242,10 +238,9 @@ class OtherApplications::Implementation {
   }
 
   [[nodiscard]] bool mayStandBeforeCaret(int processId, const std::u16string& expected) {
-    const auto field = watch_.focusedField(processId);
+    const auto content = watch_.focusedText(processId).content;
     isSecure_ = watch_.isSecure();
     if (isSecure_) return false;
-    const auto content = field ? field->read() : std::nullopt;
     // Where nothing can be read anything may stand, unless the application takes no part.
     if (!content) return !watch_.takesPart(processId) && mayBeTakenBackBlindly(expected);
     return content->selection.length == 0 && content->hasBeforeCaret(expected);
@@ -255,9 +250,9 @@ class OtherApplications::Implementation {
 
   void begin(const DesktopKey& key, KeyContext context) {
     window_ = key.window;
-    if (context.content) link_.unmute();
+    if (context.text.content) link_.unmute();
     hold_ = key.hold;
-    element_ = elementFor(std::move(context));
+    element_ = elementFor(std::move(context.text));
     isInKey_ = true;
     link_.beginBudget();
     report(inputEventOf(key.key));
@@ -283,11 +278,11 @@ class OtherApplications::Implementation {
 
   [[nodiscard]] FieldWriter::Place place() const { return {window_->id, hold_}; }
 
-  [[nodiscard]] std::shared_ptr<RemoteTextElement> elementFor(KeyContext context) {
-    if (!context.field || !context.content) return nullptr;
+  [[nodiscard]] std::shared_ptr<RemoteTextElement> elementFor(TextAtCaret text) {
+    if (!text.field || !text.content) return nullptr;
     return std::make_shared<RemoteTextElement>(RemoteTextElement::Services{link_, *writer_},
-                                               std::move(context.field), place(),
-                                               std::move(*context.content));
+                                               std::move(text.field), place(),
+                                               std::move(*text.content));
   }
 
   QtTaskQueue& tasks_;

@@ -44,6 +44,11 @@ TextField::Range replacedRange(const TextField& field, const Replacement& replac
   return {replacement.range.start, replacement.range.start + field.lengthOf(replacement.text)};
 }
 
+/// Whether something stands there that could not be typed again.
+bool holdsEmbedded(const std::u16string& text) {
+  return text.find(u'\uFFFC') != std::u16string::npos;
+}
+
 bool awaitText(const TextField& field, const Replacement& replacement) {
   const auto range = replacedRange(field, replacement);
   return await([&] { return field.holds(range, replacement.text).value_or(false); }, longestTyping);
@@ -54,6 +59,7 @@ bool awaitText(const TextField& field, const Replacement& replacement) {
 bool FieldWriter::replace(const std::shared_ptr<TextField>& field, const Place& place,
                           const Replacement& replacement) {
   if (field->text(replacement.range) != replacement.replaced) return false;
+  if (holdsEmbedded(replacement.replaced)) return false;
   const auto outcome = replaceEditable(*field, replacement);
   if (outcome == Outcome::unknown) finishLater(field, replacement, firstDelay, longestPatience);
   if (outcome != Outcome::unchanged) return outcome == Outcome::done;
@@ -103,7 +109,7 @@ FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const 
     const auto& range = replacement.range;
     if (!caret || *caret < range.end || *caret - range.end > longestTail) return;
     const auto old = field.text({range.start, *caret});
-    if (!old || !old->starts_with(replacement.replaced)) return;
+    if (!old || !old->starts_with(replacement.replaced) || holdsEmbedded(*old)) return;
     const auto text = replacement.text + text::toUtf8(old->substr(replacement.replaced.size()));
     const auto selection = select(field, {range.start, *caret}, *old);
     const auto isSelected = selection == Selection::made;
