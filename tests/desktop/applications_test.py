@@ -113,6 +113,28 @@ class Texts(ElsewhereTest):
         self.check_layout("fr", "teh lazy garçon à la for\u0302et 1789 (helo) qaund wrld ")
 
 
+class RichTexts(ElsewhereTest):
+    """Paragraphs in a web page, which the focused element holds as elements of their own."""
+
+    def test_words_of_two_paragraphs(self):
+        editor = self.open("<p>Dear all,</p>")
+        editor.place_caret("Dear all,")
+        self.type(" teh lazy dgo \rhelo and wrld ")
+        self.assert_as_replayed(editor, "Dear all,")
+
+    def test_words_behind_a_bold_one(self):
+        editor = self.open("<p>Dear <b>Sir</b>,</p><p>Goodbye</p>")
+        editor.place_caret("Dear Sir,")
+        self.type(" teh lazy dgo and helo ")
+        self.assert_as_replayed(editor, "Dear Sir,", "\nGoodbye")
+
+    def test_word_that_goes_on_in_a_link_is_left_alone(self):
+        editor = self.open("<p>It is n<a href='#'>o</a></p>")
+        editor.place_caret("It is n\ufffc")
+        self.type("whelo ")
+        self.assertEqual(editor.settled_text(), "It is nowhelo ")
+
+
 class Keys(ElsewhereTest):
     """Other ways to press a key."""
 

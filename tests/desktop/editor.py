@@ -2,6 +2,7 @@
 
 import contextlib
 import os
+import re
 import subprocess
 import tempfile
 import time
@@ -167,6 +168,8 @@ class Terminal(Editor):
 class WebPage(Editor):
     """A text area with the focus, in a browser."""
 
+    body = "<textarea autofocus rows=20 cols=80>{}</textarea>"
+
     def await_ready(self):
         """Browsers lose keys while they start."""
         super().await_ready()
@@ -178,7 +181,7 @@ class WebPage(Editor):
             text = file.read()
         page = os.path.join(self.home, "page.html")
         self.write_file(page, "<!DOCTYPE html><meta charset=utf-8><title>Page</title>"
-                              f"<textarea autofocus rows=20 cols=80>{text}</textarea>")
+                              + self.body.format(text))
         return "file://" + page
 
 
@@ -193,3 +196,42 @@ class Firefox(WebPage):
 class Chromium(WebPage):
     command = ("chromium", "--no-sandbox", "--no-first-run", "--force-renderer-accessibility")
     keeps_up_with_a_megabyte = False
+
+
+class RichPage(WebPage):
+    """A rich text, as web mail has it: its document is the HTML of the paragraphs."""
+
+    body = "<div contenteditable autofocus>{}</div>"
+
+    def text(self):
+        """The paragraphs, one a line."""
+        return "\n".join(map(_whole_text, self._paragraphs())).replace("\xa0", " ")
+
+    def place_caret(self, before):
+        *above, beginning = before.split("\n")
+        paragraph = self._paragraphs()[len(above)]
+        paragraph.get_text_iface().set_caret_offset(self._length(beginning))
+        wait_for(lambda: paragraph.get_text_iface().get_caret_offset() >= 0, "the caret")
+
+    def _paragraphs(self):
+        return list(_embedded_in(self.element))
+
+
+def _embedded_in(element):
+    """What each U+FFFC in the text stands for."""
+    element.clear_cache()
+    links = element.get_hypertext_iface()
+    return (links.get_link(index).get_object(0) for index in range(links.get_n_links()))
+
+
+def _whole_text(element):
+    embedded = map(_whole_text, _embedded_in(element))
+    return re.sub("\ufffc", lambda _: next(embedded), text_of(element))
+
+
+class RichFirefox(RichPage, Firefox):
+    pass
+
+
+class RichChromium(RichPage, Chromium):
+    pass

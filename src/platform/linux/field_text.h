@@ -15,4 +15,10 @@ namespace mirvane {
   return text;
 }
 
+/// Rich texts hold no-break spaces for typed ones that a browser would else not show.
+[[nodiscard]] inline std::u16string withPlainSpaces(std::u16string text) {
+  std::replace(text.begin(), text.end(), u'\u00A0', u' ');
+  return text;
+}
+
 }  // namespace mirvane

@@ -78,9 +78,9 @@ class OtherApplications::Implementation {
   [[nodiscard]] std::shared_ptr<AccessibilityElement> focusedElement() {
     if (!window_ || window_->isOwn || window_->isTerminal) return nullptr;
     if (isInKey_ && (element_ == nullptr || element_->isFresh())) return element_;
-    auto context = link_.ask<KeyContext>(
+    auto text = link_.ask<TextAtCaret>(
         [this, processId = window_->processId] { return keys_.look(processId); });
-    auto element = context ? elementFor(std::move(*context)) : nullptr;
+    auto element = text ? elementFor(std::move(*text)) : nullptr;
     if (isInKey_) element_ = element;
     return element;
   }
@@ -143,10 +143,10 @@ class OtherApplications::Implementation {
 
   void begin(ReportableKey key) {
     window_ = key.key.window;
-    if (key.context.content) link_.unmute();
+    if (key.context.text.content) link_.unmute();
     hold_ = key.key.hold;
     mayType_ = key.mayType;
-    element_ = elementFor(std::move(key.context));
+    element_ = elementFor(std::move(key.context.text));
     isInKey_ = true;
     link_.beginBudget();
     report(inputEventOf(key.key.key));
@@ -172,11 +172,11 @@ class OtherApplications::Implementation {
 
   [[nodiscard]] FieldWriter::Place place() const { return {window_->id, hold_}; }
 
-  [[nodiscard]] std::shared_ptr<RemoteTextElement> elementFor(KeyContext context) {
-    if (!context.field || !context.content) return nullptr;
+  [[nodiscard]] std::shared_ptr<RemoteTextElement> elementFor(TextAtCaret text) {
+    if (!text.field || !text.content) return nullptr;
     return std::make_shared<RemoteTextElement>(RemoteTextElement::Services{link_, *writer_},
-                                               std::move(context.field), place(),
-                                               std::move(*context.content));
+                                               std::move(text.field), place(),
+                                               std::move(*text.content));
   }
 
   QtTaskQueue& tasks_;

@@ -113,5 +113,30 @@ TEST_F(Effects, BackspaceDeletesAndReturnMayIndent) {
   EXPECT_TRUE(effects.isShown(backspace));
 }
 
+TEST_F(Effects, RichTextWritesTheSpaceBeforeALetterAnew) {
+  const auto space = press(" "), letter = press("a");
+  insert("\u00A0");
+  EXPECT_TRUE(effects.isShown(space));
+  EXPECT_FALSE(effects.isShown(letter));
+  effects.note(editor, {false, "\u00A0"}, start);
+  insert(" a");
+  EXPECT_TRUE(effects.isShown(letter));
+
+  const auto b = press("b"), c = press("c");
+  insert("\u00A0bc");
+  EXPECT_TRUE(effects.isShown(b));
+  EXPECT_TRUE(effects.isShown(c));
+
+  insert(" de", 600);
+  EXPECT_TRUE(effects.isShown(press("d", 550)));
+  EXPECT_TRUE(effects.isShown(press("e", 550)));
+}
+
+TEST_F(Effects, NewParagraphOfARichTextShowsReturn) {
+  const auto key = press("\r");
+  insert("\uFFFC");
+  EXPECT_TRUE(effects.isShown(key));
+}
+
 }  // namespace
 }  // namespace mirvane

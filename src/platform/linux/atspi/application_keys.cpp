@@ -52,10 +52,10 @@ std::optional<ReportableKey> ApplicationKeys::take(const DesktopKey& key,
   const bool mayType = !hasMissedKeys_ && !hasRepeats_;
   if (key.hold != KeyHold::none) {
     // What the engine would replace the word by fits the keys that it has heard of.
-    if (hasMissedKeys_ && !wasTextShown_) context.content.reset();
+    if (hasMissedKeys_ && !wasTextShown_) context.text.content.reset();
     hasMissedKeys_ = hasRepeats_ = false;
   } else if (key.key.isDown) {
-    wasTextShown_ = context.content.has_value();
+    wasTextShown_ = context.text.content.has_value();
   }
   return ReportableKey{key, std::move(context), mayType};
 }
@@ -73,7 +73,7 @@ KeyContext ApplicationKeys::contextOf(const DesktopKey& key, const DesktopInput&
   if (context.isSecure || !key.key.isDown) return context;
   context = watch_.contextOfKey(key.window.processId, awaitedKey);
   // What stands there may be the work of later keys, and theirs the word that would be corrected.
-  if (key.hold != KeyHold::none && !input.isHolding(key.hold)) context.content.reset();
+  if (key.hold != KeyHold::none && !input.isHolding(key.hold)) context.text.content.reset();
   return context;
 }
 
@@ -100,10 +100,9 @@ std::shared_ptr<TextField> ApplicationKeys::focusedField(int processId) {
   return field;
 }
 
-KeyContext ApplicationKeys::look(int processId) {
-  KeyContext found;
-  found.field = focusedField(processId);
-  if (found.field) found.content = found.field->read();
+TextAtCaret ApplicationKeys::look(int processId) {
+  auto found = watch_.focusedText(processId);
+  isSecure_ = watch_.isSecure();
   return found;
 }
 

@@ -42,8 +42,8 @@ class ApplicationKeys {
   /// Another window has come to the front. Looks at it before its first key comes.
   void noteActivation(const DesktopWindow& window);
 
-  /// The focused element of the process, which is in front, and its text.
-  [[nodiscard]] KeyContext look(int processId);
+  /// What has the caret in the process, which is in front.
+  [[nodiscard]] TextAtCaret look(int processId);
 
   /// Whether Backspaces may delete this before the caret: where nothing can be read, only in an
   /// application outside accessibility.

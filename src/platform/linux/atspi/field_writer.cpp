@@ -12,6 +12,8 @@ namespace {
 
 /// Applications that confirm a selection do so within a few ms; the others never do.
 constexpr std::chrono::milliseconds longestSelection{150};
+/// Firefox loses what it is asked while it is still at work on the key before: it is asked again.
+constexpr std::chrono::milliseconds selectAgain{30};
 constexpr std::chrono::milliseconds longestTyping{150};
 constexpr std::chrono::milliseconds pollInterval{2};
 /// The caret stands behind the word and what ended it, not farther.
@@ -51,6 +53,11 @@ bool isTakenBackByKeys(const std::u16string& text, const std::u16string& tail) {
          text::characterCount(text::toUtf8(text)) == text.size();
 }
 
+/// Whether something stands there that could not be typed again.
+bool holdsEmbedded(const std::u16string& text) {
+  return text.find(u'\uFFFC') != std::u16string::npos;
+}
+
 bool awaitText(const TextField& field, const Replacement& replacement) {
   const auto range = replacedRange(field, replacement);
   return await([&] { return field.holds(range, replacement.text).value_or(false); }, longestTyping);
@@ -61,6 +68,7 @@ bool awaitText(const TextField& field, const Replacement& replacement) {
 bool FieldWriter::replace(const std::shared_ptr<TextField>& field, const Place& place,
                           const Replacement& replacement) {
   if (field->text(replacement.range) != replacement.replaced) return false;
+  if (holdsEmbedded(replacement.replaced)) return false;
   const auto outcome = replaceEditable(*field, replacement);
   if (outcome == Outcome::unknown) finishLater(field, replacement, Clock::now() + longestPatience);
   if (outcome != Outcome::unchanged) return outcome == Outcome::done;
@@ -110,7 +118,7 @@ FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const 
     const auto& range = replacement.range;
     if (!caret || *caret < range.end || *caret - range.end > longestTail) return;
     const auto old = field.text({range.start, *caret});
-    if (!old || !old->starts_with(replacement.replaced)) return;
+    if (!old || !old->starts_with(replacement.replaced) || holdsEmbedded(*old)) return;
     const auto tail = old->substr(replacement.replaced.size());
     const auto text = replacement.text + text::toUtf8(tail);
     // Keys arrive in order, however late the application deals with them; a selection does not.
@@ -131,7 +139,12 @@ bool FieldWriter::typeOver(const TextField& field, TextField::Range range,
                               !field.hasPairsBefore(range.end);
   if (!isCountedAlike || field.select(range) == false) return false;
   const auto isSelected = [&] { return field.isSelected(range); };
-  const bool isTyped = await(isSelected, longestSelection) && type();
+  const auto deadline = Clock::now() + longestSelection;
+  bool isMade = await(isSelected, selectAgain);
+  while (!isMade && Clock::now() < deadline && field.select(range).value_or(false)) {
+    isMade = await(isSelected, selectAgain);
+  }
+  const bool isTyped = isMade && type();
   // Also a selection that is not known to have been made: it may come late.
   if (!isTyped) field.setCaret(range.end);
   return isTyped;

@@ -122,6 +122,22 @@ std::shared_ptr<TextField> FocusFinder::findAnew(int processId) {
   return search(application);
 }
 
+TextAtCaret FocusFinder::readAtCaret(std::shared_ptr<TextField> field, int levelsBelow) {
+  auto content = field->read();
+  const bool mayBeInside = content && content->hasEmbeddedAtCaret() && levelsBelow > 0;
+  const auto embedded =
+      mayBeInside
+          ? share(field->embeddedAt(content->text.toApplication(content->selection.location)))
+          : nullptr;
+  auto inside = embedded ? readAtCaret(embedded, levelsBelow - 1) : TextAtCaret{};
+  // What begins at the caret may say that it has it, while the caret is before it.
+  if (inside.content && inside.content->selection.location > 0) {
+    if (!embedded->isInline()) return inside;
+    content.reset();
+  }
+  return {std::move(field), std::move(content)};
+}
+
 /// The text in a focused surrounding may come up only after it.
 bool FocusFinder::mayTrustLast() const {
   return last_->hasText() || last_->isPassword() || Clock::now() < searchedAt_ + trustInSurrounding;
@@ -144,17 +160,21 @@ void FocusFinder::clear() {
 }
 
 void FocusFinder::noteFocused(AtspiAccessible* accessible) {
-  focused_.reset(static_cast<AtspiAccessible*>(g_object_ref(accessible)));
+  focused_ = newReference(accessible);
 }
 
 void FocusFinder::noteChanged(AtspiAccessible* accessible) {
   pause_ = {};
   if (changed_.get() == accessible) return;
-  changed_.reset(static_cast<AtspiAccessible*>(g_object_ref(accessible)));
+  changed_ = newReference(accessible);
 }
 
 std::shared_ptr<TextField> FocusFinder::makeField(Accessible accessible) {
-  auto field = std::make_unique<TextField>(std::move(accessible));
+  return share(std::make_unique<TextField>(std::move(accessible)));
+}
+
+std::shared_ptr<TextField> FocusFinder::share(std::unique_ptr<TextField> field) {
+  if (field == nullptr) return nullptr;
   return {field.release(),
           [&thread = thread_](const TextField* last) { thread.post([last] { delete last; }); }};
 }

@@ -130,41 +130,46 @@ std::shared_ptr<TextField> FocusWatch::focusedField(int processId) {
   return field;
 }
 
+TextAtCaret FocusWatch::focusedText(int processId) {
+  auto field = focusedField(processId);
+  return field ? finder_.readAtCaret(std::move(field)) : TextAtCaret{};
+}
+
 KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
   const auto* const application = finder_.nameOf(processId);
   const auto effect = expectEffect(application, key);
   auto field = focusedField(processId);
   // The last key of a password may have moved the focus on.
-  if (wasSecure(key.pressedAt)) return {true, nullptr, std::nullopt};
+  if (wasSecure(key.pressedAt)) return {true, {}};
   // What does not answer may have a password field in front.
-  if (!field) return {finder_.isUnanswered(processId), nullptr, std::nullopt};
+  if (!field) return {finder_.isUnanswered(processId), {}};
   const bool hasEffect =
       !effect || awaitEffect(application, *effect, key.deliveredAt + longestEffect);
   // A key may have moved the focus, to a password field too.
   if (!field->isFocused()) field = focusedField(processId);
-  if (isSecure_) return {true, nullptr, std::nullopt};
-  if (!field) return {false, nullptr, std::nullopt};
+  if (isSecure_) return {true, {}};
+  if (!field) return {false, {}};
   // An application that is behind with its keys has an old text, which must not be corrected, and
   // may have the focus where it does not say yet.
   const bool isBehind = !hasEffect && announcing_.contains(application);
-  if (isBehind) return {mayHaveMoved_, field, std::nullopt};
+  if (isBehind) return {mayHaveMoved_, {}};
   mayHaveMoved_ = movesFocus(key);
-  auto content = key.text ? readBehind(*field, *key.text) : field->read();
-  if (content && !isWorkOf(key, hasEffect, *content)) content.reset();
-  return {false, std::move(field), std::move(content)};
+  auto text = key.text ? readBehind(field, *key.text) : finder_.readAtCaret(std::move(field));
+  if (text.content && !isWorkOf(key, hasEffect, *text.content)) text.content.reset();
+  return {false, std::move(text)};
 }
 
 /// The text, once the caret stands behind what was typed: some applications announce a change
 /// before they show it themselves.
-std::optional<FieldContent> FocusWatch::readBehind(const TextField& field,
-                                                   const std::string& typed) {
+TextAtCaret FocusWatch::readBehind(const std::shared_ptr<TextField>& field,
+                                   const std::string& typed) {
   const auto deadline = Clock::now() + longestLag;
-  auto content = field.read();
-  while (content && !endsWith(*content, typed) && Clock::now() < deadline) {
+  auto text = finder_.readAtCaret(field);
+  while (text.content && !endsWith(*text.content, typed) && Clock::now() < deadline) {
     thread_.waitUntil([] { return false; }, Clock::now() + lookAgain);
-    content = field.read();
+    text = finder_.readAtCaret(field);
   }
-  return content;
+  return text;
 }
 
 std::optional<KeyEffects::Id> FocusWatch::expectEffect(KeyEffects::Application application,

@@ -23,10 +23,8 @@ struct AwaitedKey {
 struct KeyContext {
   /// The key may be part of a password: nobody is to hear of it.
   bool isSecure = false;
-  std::shared_ptr<TextField> field;  ///< null when nothing with the focus can be reached
-  /// The text with the key's effect in it; absent when it cannot be read or the effect is not
-  /// there.
-  std::optional<FieldContent> content;
+  /// With the key's effect in it: absent as well when the effect is not there.
+  TextAtCaret text;
 };
 
 /// Follows the focused element and the text changes of other applications. Everything but the
@@ -55,6 +53,9 @@ class FocusWatch {
   /// The focused element of the process, which is in front; null when there is none to be reached.
   [[nodiscard]] std::shared_ptr<TextField> focusedField(int processId);
 
+  /// What has the caret in it.
+  [[nodiscard]] TextAtCaret focusedText(int processId);
+
   /// An own window or one that is not asked anything is in front now.
   void leave() { enter(nullptr); }
 
@@ -78,8 +79,8 @@ class FocusWatch {
   void start();
   void enter(KeyEffects::Application application);
   void setSecure(bool isSecure);
-  [[nodiscard]] std::optional<FieldContent> readBehind(const TextField& field,
-                                                       const std::string& typed);
+  [[nodiscard]] TextAtCaret readBehind(const std::shared_ptr<TextField>& field,
+                                       const std::string& typed);
   [[nodiscard]] std::optional<KeyEffects::Id> expectEffect(KeyEffects::Application application,
                                                            const AwaitedKey& key);
   [[nodiscard]] bool awaitEffect(KeyEffects::Application application, KeyEffects::Id id,

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/linux/field_text.h"
 #include "text/scalars.h"
+#include "text/utf16.h"
 
 namespace mirvane {
 namespace {
@@ -12,15 +14,31 @@ constexpr std::size_t mostPending = 64;
 /// A longer change that fits no key at once is no key's.
 constexpr std::size_t longestEffect = 64;  // bytes
 
+std::string asPlain(std::string_view text) {
+  return text::toUtf8(withPlainSpaces(text::toUtf16(text)));
+}
+
 /// What an application inserts for a key.
 std::string_view insertionOf(std::string_view typed) {
   return typed == "\r" ? "\n" : typed;
 }
 
+/// How much of `inserted` is the effect of a key that inserts `insertion`; 0 when it begins with
+/// something else than that or a space before it.
+std::size_t effectLength(std::string_view inserted, std::string_view insertion) {
+  const std::size_t start = inserted.starts_with(insertion) ? 0 : 1;
+  const bool isEffect =
+      start == 0 || (inserted.starts_with(' ') && inserted.substr(start).starts_with(insertion));
+  return isEffect ? start + insertion.size() : 0;
+}
+
 bool isEffect(const KeyEffects::Change& change, std::string_view typed) {
   if (typed == "\x7F") return !change.isInsertion;
   // An editor may indent the new line as well.
-  if (typed == "\r") return change.isInsertion && change.text.starts_with('\n');
+  if (typed == "\r") {
+    return change.isInsertion &&
+           (change.text.starts_with('\n') || change.text.starts_with("\uFFFC"));
+  }
   if (!change.isInsertion) return false;
   // Qt announces the whole paragraph anew for a letter composed by its input method.
   return change.text == typed || (!text::isAscii(typed) && change.text.ends_with(typed));
@@ -30,7 +48,7 @@ bool isEffect(const KeyEffects::Change& change, std::string_view typed) {
 
 KeyEffects::Id KeyEffects::expect(Application application, std::string_view text,
                                   Clock::time_point deliveredAt) {
-  Key key{Id{++lastId_}, application, std::string(text), deliveredAt};
+  Key key{Id{++lastId_}, application, asPlain(text), deliveredAt};
   const Id id = key.id;
   if (takeEarlyChange(key)) return id;
   pending_.push_back(std::move(key));
@@ -40,23 +58,25 @@ KeyEffects::Id KeyEffects::expect(Application application, std::string_view text
 
 bool KeyEffects::takeEarlyChange(const Key& key) {
   const auto insertion = insertionOf(key.text);
-  const auto beginsWith = [&](const Change& change) {
-    return change.isInsertion && change.text.starts_with(insertion);
+  const auto lengthIn = [&](const Change& change) {
+    return change.isInsertion ? effectLength(change.text, insertion) : 0;
   };
   const auto found = std::find_if(early_.begin(), early_.end(), [&](const EarlyChange& early) {
     return early.application == key.application && early.time >= key.deliveredAt &&
-           (isEffect(early.change, key.text) || beginsWith(early.change));
+           (isEffect(early.change, key.text) || lengthIn(early.change) > 0);
   });
   if (found == early_.end()) return false;
   // The rest may be the effect of the next keys.
-  const bool isWhole = !beginsWith(found->change) || found->change.text.size() == insertion.size();
-  if (!isWhole) found->change.text.erase(0, insertion.size());
+  const auto length = lengthIn(found->change);
+  const bool isWhole = length == 0 || found->change.text.size() == length;
+  if (!isWhole) found->change.text.erase(0, length);
   early_.erase(early_.begin(), isWhole ? found + 1 : found);
   giveUp(key.application, key.deliveredAt);
   return true;
 }
 
 bool KeyEffects::note(Application application, Change change, Clock::time_point time) {
+  change.text = asPlain(change.text);
   if (const auto shown = lastTyped(application, change)) {
     std::erase_if(pending_, [&](const Key& key) {
       return key.application == application && key.id <= *shown;
@@ -82,14 +102,14 @@ std::optional<KeyEffects::Id> KeyEffects::lastTyped(Application application,
 }
 
 /// The same for an application that is behind, and does the work of several keys at once.
-std::optional<KeyEffects::Id> KeyEffects::lastTypedFrom(std::deque<Key>::const_iterator first,
-                                                        std::string_view text) const {
+std::optional<KeyEffects::Id> KeyEffects::lastTypedFrom(
+    const std::deque<Key>::const_iterator& first, std::string_view text) const {
   const auto application = first->application;
   for (auto key = first; key != pending_.end(); ++key) {
     if (key->application != application) continue;
-    const auto insertion = insertionOf(key->text);
-    if (!text.starts_with(insertion)) return std::nullopt;
-    text.remove_prefix(insertion.size());
+    const auto length = effectLength(text, insertionOf(key->text));
+    if (length == 0) return std::nullopt;
+    text.remove_prefix(length);
     if (text.empty()) return key->id;
   }
   return std::nullopt;

@@ -27,7 +27,8 @@ class KeyEffects {
   /// A key has typed `text`, and the application got it at `deliveredAt`: its effect is an
   /// insertion of just that text, alone or together with that of the next keys (one that begins
   /// with other text has another cause), or for U+007F a deletion. It may have been announced
-  /// since.
+  /// since. Rich texts announce no-break spaces for spaces, which are written anew before the next
+  /// letter, and a new paragraph as an embedded element.
   [[nodiscard]] Id expect(Application application, std::string_view text,
                           Clock::time_point deliveredAt);
 
@@ -60,7 +61,7 @@ class KeyEffects {
 
   [[nodiscard]] bool takeEarlyChange(const Key& key);
   [[nodiscard]] std::optional<Id> lastTyped(Application application, const Change& change) const;
-  [[nodiscard]] std::optional<Id> lastTypedFrom(std::deque<Key>::const_iterator first,
+  [[nodiscard]] std::optional<Id> lastTypedFrom(const std::deque<Key>::const_iterator& first,
                                                 std::string_view text) const;
 
   std::deque<Key> pending_;

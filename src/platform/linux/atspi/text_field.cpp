@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/linux/atspi/accessible_state.h"
+#include "platform/linux/field_text.h"
 #include "text/utf16.h"
 
 namespace mirvane {
@@ -29,21 +30,52 @@ TextUnit unitOf(AtspiAccessible* accessible) {
 
 bool FieldContent::hasBeforeCaret(std::u16string_view expected) const {
   const auto length = static_cast<std::int64_t>(expected.size());
-  return text.text({selection.location - length, length}) == expected;
+  return text.text({selection.location - length, length}) ==
+         withPlainSpaces(std::u16string(expected));
+}
+
+bool FieldContent::hasEmbeddedAtCaret() const {
+  return text.text({selection.location, 1}) == u"\uFFFC";
 }
 
 TextField::TextField(GObjectPointer<AtspiAccessible> accessible)
-    : accessible_(std::move(accessible)),
-      text_(atspi_accessible_get_text_iface(accessible_.get())),
-      role_(atspi_accessible_get_role(accessible_.get(), nullptr)),
-      unit_(unitOf(accessible_.get())) {
+    : TextField(accessible.get(), accessible.get(), unitOf(accessible.get())) {}
+
+TextField::TextField(AtspiAccessible* accessible, AtspiAccessible* focused, TextUnit unit)
+    : accessible_(newReference(accessible)),
+      focused_(newReference(focused)),
+      text_(atspi_accessible_get_text_iface(accessible)),
+      role_(atspi_accessible_get_role(accessible, nullptr)),
+      unit_(unit) {
   if (hasState(accessible_.get(), ATSPI_STATE_EDITABLE)) {
     editableText_.reset(atspi_accessible_get_editable_text_iface(accessible_.get()));
   }
 }
 
+std::unique_ptr<TextField> TextField::embeddedAt(std::int64_t offset) const {
+  const GObjectPointer<AtspiHypertext> links(
+      atspi_accessible_get_hypertext_iface(accessible_.get()));
+  if (links == nullptr) return nullptr;
+  const int index = atspi_hypertext_get_link_index(links.get(), static_cast<gint>(offset), nullptr);
+  const GObjectPointer<AtspiHyperlink> link(
+      index >= 0 ? atspi_hypertext_get_link(links.get(), index, nullptr) : nullptr);
+  if (link == nullptr) return nullptr;
+  const GObjectPointer<AtspiAccessible> element(atspi_hyperlink_get_object(link.get(), 0, nullptr));
+  if (element == nullptr) return nullptr;
+  return std::unique_ptr<TextField>(new TextField(element.get(), focused_.get(), unit_));
+}
+
+bool TextField::isInline() const {
+  const std::unique_ptr<GHashTable, GHashTableUnref> attributes(
+      atspi_accessible_get_attributes(accessible_.get(), nullptr));
+  if (attributes == nullptr) return false;
+  const auto* const display =
+      static_cast<const gchar*>(g_hash_table_lookup(attributes.get(), "display"));
+  return display != nullptr && std::string_view(display).starts_with("inline");
+}
+
 bool TextField::isFocused() const {
-  return hasState(accessible_.get(), ATSPI_STATE_FOCUSED);
+  return hasState(focused_.get(), ATSPI_STATE_FOCUSED);
 }
 
 std::optional<std::int64_t> TextField::caret() const {
@@ -66,7 +98,7 @@ std::optional<std::u16string> TextField::text(Range range) const {
                                                  static_cast<gint>(range.end), nullptr));
   // libatspi gives an empty text for no answer.
   if (text == nullptr || (*text == '\0' && range.end > range.start)) return std::nullopt;
-  return text::toUtf16(text.get());
+  return withPlainSpaces(text::toUtf16(text.get()));
 }
 
 bool TextField::hasPairsBefore(std::int64_t end) const {

@@ -16,11 +16,16 @@ struct FieldContent {
   TextWindow text;
   Utf16Range selection;
 
+  /// Of spaces each kind stands for the other.
   [[nodiscard]] bool hasBeforeCaret(std::u16string_view expected) const;
+
+  /// Whether something embedded in the text, which U+FFFC stands for, follows the caret.
+  [[nodiscard]] bool hasEmbeddedAtCaret() const;
 };
 
-/// An element of another application that may have the keyboard focus. Used on the accessibility
-/// thread alone; every operation asks the application. Offsets are the application's.
+/// An element of another application that may have the keyboard focus, or is embedded in one that
+/// may. Used on the accessibility thread alone; every operation asks the application. Offsets are
+/// the application's; text comes with plain spaces for no-break ones.
 class TextField {
  public:
   struct Range {
@@ -29,6 +34,13 @@ class TextField {
   };
 
   explicit TextField(GObjectPointer<AtspiAccessible> accessible);
+
+  /// The element embedded in the text at `offset`: it has the focus while this one has it. Null
+  /// when there is none.
+  [[nodiscard]] std::unique_ptr<TextField> embeddedAt(std::int64_t offset) const;
+
+  /// Whether it is embedded within a line, where a word may go on before or behind it.
+  [[nodiscard]] bool isInline() const;
 
   [[nodiscard]] bool isFocused() const;
   /// As of the last look; true as well when the application did not say. A field may become one
@@ -74,9 +86,11 @@ class TextField {
   [[nodiscard]] std::int64_t lengthOf(std::string_view text) const;
 
  private:
+  TextField(AtspiAccessible* accessible, AtspiAccessible* focused, TextUnit unit);
   [[nodiscard]] std::optional<Range> selection() const;
 
   GObjectPointer<AtspiAccessible> accessible_;
+  GObjectPointer<AtspiAccessible> focused_;  ///< the one that has the focus when this has it
   GObjectPointer<AtspiText> text_;
   GObjectPointer<AtspiEditableText> editableText_;
   AtspiRole role_;
