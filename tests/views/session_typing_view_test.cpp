@@ -36,15 +36,16 @@ class SessionView : public ::testing::Test {
 };
 
 TEST_F(SessionView, SaysWhatEachSessionUses) {
+  const char* advice =
+      "Type naturally. Mirvane will show suggestions with Space and cycle them with Right Option "
+      "⌥.";
   const QStringList texts[] = {
       {"Session 1", "This session uses Space for auto-correction only",
        "Right Option is not used in this session.",
        "Type naturally. Mirvane will automatically correct spacing errors."},
       {"Session 2", "This session uses Space and Right Option ⌥ to cycle suggestions",
-       "Right Option is used in this session.",
-       "Type naturally. Mirvane will show suggestions with Space and cycle them with Right Option "
-       "⌥.",
-       "On this keyboard: the right Alt key", "A sentence.", "No Backspace"}};
+       "Right Option is used in this session.", advice, "On this keyboard: the right Alt key",
+       "A sentence.", "No Backspace"}};
   const char* buttons[] = {"Done — Continue to Session 2", "Done — See Results"};
   for (const int session : {0, 1}) {
     open(session + 1);
