@@ -2,14 +2,15 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusReply>
 #include <QDBusVariant>
 
 namespace mirvane {
 namespace {
 
 constexpr int timeoutMilliseconds = 300;
+/// For what is asked each second while a participant types.
+constexpr int shortTimeoutMilliseconds = 50;
 
 QDBusMessage propertyCall(const char* method, const QVariantList& value = {}) {
   auto call = QDBusMessage::createMethodCall(
@@ -20,34 +21,25 @@ QDBusMessage propertyCall(const char* method, const QVariantList& value = {}) {
   return call;
 }
 
-QDBusPendingCall askWhetherEnabled() {
-  return QDBusConnection::sessionBus().asyncCall(propertyCall("Get"), timeoutMilliseconds);
-}
-
-std::optional<bool> answerOf(const QDBusPendingReply<QDBusVariant>& reply) {
-  if (reply.isError()) return std::nullopt;
-  return reply.value().variant().toBool();
+QDBusReply<QDBusVariant> askWhetherEnabled(int timeout) {
+  return QDBusConnection::sessionBus().call(propertyCall("Get"), QDBus::Block, timeout);
 }
 
 }  // namespace
 
 AccessibilityStatus::AccessibilityStatus() {
-  QDBusPendingReply<QDBusVariant> reply = askWhetherEnabled();
-  reply.waitForFinished();
-  known_->isEnabled = answerOf(reply);
+  note(askWhetherEnabled(timeoutMilliseconds));
 }
 
 std::optional<bool> AccessibilityStatus::isEnabled() const {
-  if (!known_->isAsking) {
-    known_->isAsking = true;
-    auto* const watcher = new QDBusPendingCallWatcher(askWhetherEnabled());
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
-                     [known = known_](QDBusPendingCallWatcher* finished) {
-                       *known = {answerOf(*finished), false};
-                       finished->deleteLater();
-                     });
-  }
-  return known_->isEnabled;
+  note(askWhetherEnabled(shortTimeoutMilliseconds));
+  return *known_;
+}
+
+void AccessibilityStatus::note(const QDBusReply<QDBusVariant>& reply) const {
+  // A service that is busy for a moment has not changed its mind.
+  if (reply.error().type() == QDBusError::NoReply) return;
+  *known_ = reply.isValid() ? std::optional(reply.value().variant().toBool()) : std::nullopt;
 }
 
 std::optional<std::string> AccessibilityStatus::enable() const {
@@ -56,7 +48,7 @@ std::optional<std::string> AccessibilityStatus::enable() const {
   const auto on = QVariant::fromValue(QDBusVariant(true));
   const auto reply = bus.call(propertyCall("Set", {on}), QDBus::Block, timeoutMilliseconds);
   if (reply.type() != QDBusMessage::ErrorMessage) {
-    known_->isEnabled = true;
+    *known_ = true;
     return std::nullopt;
   }
   return reply.errorMessage().toStdString();
