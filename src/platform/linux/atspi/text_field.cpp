@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "platform/linux/atspi/accessible_state.h"
+#include "platform/linux/atspi/application_name.h"
+#include "platform/linux/atspi/toolkit_name.h"
 #include "platform/linux/field_text.h"
 #include "text/utf16.h"
 
@@ -18,12 +20,8 @@ constexpr std::int64_t reachAfter = 1024;
 
 /// Qt counts as it stores its text; the others count code points, as the interface asks.
 TextUnit unitOf(AtspiAccessible* accessible) {
-  const GObjectPointer<AtspiAccessible> application(
-      atspi_accessible_get_application(accessible, nullptr));
-  if (application == nullptr) return TextUnit::codePoint;
-  const GPointer<gchar> toolkit(atspi_accessible_get_toolkit_name(application.get(), nullptr));
-  if (toolkit == nullptr) return TextUnit::codePoint;
-  return std::string_view(toolkit.get()) == "Qt" ? TextUnit::utf16 : TextUnit::codePoint;
+  const auto isQt = toolkitName(applicationName(accessible)) == "Qt";
+  return isQt ? TextUnit::utf16 : TextUnit::codePoint;
 }
 
 }  // namespace
