@@ -13,6 +13,8 @@ namespace {
 /// sooner.
 constexpr int longestCall = 200;  // ms
 
+constexpr std::chrono::seconds pauseWithoutBus{5};
+
 gboolean runTask(gpointer task) {
   (*static_cast<const std::function<void()>*>(task))();
   return G_SOURCE_REMOVE;
@@ -60,6 +62,13 @@ void AccessibilityThread::stop(std::function<void()> last) {
 bool AccessibilityThread::isWaitedFor() const {
   const std::lock_guard lock(mutex_);
   return !tasks_.empty() || !calls_.empty();
+}
+
+bool AccessibilityThread::hasBus() {
+  if (Clock::now() < askAgainForBus_) return false;
+  const bool isThere = atspi_get_a11y_bus() != nullptr;
+  if (!isThere) askAgainForBus_ = Clock::now() + pauseWithoutBus;
+  return isThere;
 }
 
 void AccessibilityThread::wakeUp() {

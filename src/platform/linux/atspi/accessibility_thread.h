@@ -65,6 +65,10 @@ class AccessibilityThread {
   /// Whether tasks or calls wait for the one that runs now.
   [[nodiscard]] bool isWaitedFor() const;
 
+  /// On the thread: whether the accessibility bus can be reached. Without it libatspi must not be
+  /// asked for anything new: it would end the program.
+  [[nodiscard]] bool hasBus();
+
   /// On the thread: lets events of the applications in until `condition` holds. False when it did
   /// not before `deadline`.
   bool waitUntil(const std::function<bool()>& condition, Clock::time_point deadline);
@@ -81,6 +85,7 @@ class AccessibilityThread {
   mutable std::mutex mutex_;
   std::deque<std::function<void()>> tasks_;
   std::deque<std::function<void()>> calls_;
+  Clock::time_point askAgainForBus_{};
   std::function<void()> last_;
   bool isRunning_ = true;
   std::thread thread_;

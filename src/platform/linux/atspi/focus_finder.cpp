@@ -180,10 +180,12 @@ std::shared_ptr<TextField> FocusFinder::share(std::unique_ptr<TextField> field) 
 }
 
 AtspiAccessible* FocusFinder::applicationOf(int processId) {
+  const bool hasBus = thread_.hasBus();
+  if (!hasBus) applications_.clear();
   auto& known = applications_[processId];
   if (known != nullptr) return known.get();
-  const Accessible desktop(atspi_get_desktop(0));
-  const int count = atspi_accessible_get_child_count(desktop.get(), nullptr);
+  const Accessible desktop(hasBus ? atspi_get_desktop(0) : nullptr);
+  const int count = hasBus ? atspi_accessible_get_child_count(desktop.get(), nullptr) : -1;
   bool isSure = count >= 0;
   for (int i = 0; i < count; ++i) {
     Accessible application(atspi_accessible_get_child_at_index(desktop.get(), i, nullptr));

@@ -47,6 +47,7 @@ bool movesFocus(const AwaitedKey& key) {
 FocusWatch::FocusWatch(AccessibilityThread& thread) : thread_(thread), finder_(thread) {}
 
 void FocusWatch::start() {
+  if (!thread_.hasBus()) return;
   listener_ = atspi_event_listener_new(&FocusWatch::onEvent, this, nullptr);
   for (const char* const type : eventTypes) {
     atspi_event_listener_register(listener_, type, nullptr);
@@ -66,7 +67,7 @@ void FocusWatch::setListening(bool isListening) {
   }
   effects_.clear();
   for (const char* const type : eventTypes) {
-    atspi_event_listener_deregister(listener_, type, nullptr);
+    if (thread_.hasBus()) atspi_event_listener_deregister(listener_, type, nullptr);
   }
   g_object_unref(listener_);
   listener_ = nullptr;
