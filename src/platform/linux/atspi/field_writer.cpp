@@ -19,7 +19,7 @@ constexpr std::chrono::milliseconds pollInterval{2};
 /// The caret stands behind the word and what ended it, not farther.
 constexpr std::int64_t longestTail = 8;
 /// An application that hangs in the middle of a replacement is asked again, for half a minute.
-constexpr std::chrono::milliseconds attemptInterval{200};
+constexpr std::chrono::milliseconds attemptInterval{100};
 constexpr std::chrono::seconds longestPatience{30};
 
 using Clock = FieldWriter::Clock;
