@@ -82,6 +82,15 @@ std::optional<std::int64_t> TextField::caret() const {
   return offset;
 }
 
+std::optional<std::int64_t> TextField::length() const {
+  if (!hasText()) return std::nullopt;
+  GError* error = nullptr;
+  const int length = atspi_text_get_character_count(text_.get(), &error);
+  if (error == nullptr) return length;
+  g_error_free(error);
+  return std::nullopt;
+}
+
 std::optional<TextField::Range> TextField::selection() const {
   if (atspi_text_get_n_selections(text_.get(), nullptr) < 1) return std::nullopt;
   const GPointer<AtspiRange> range(atspi_text_get_selection(text_.get(), 0, nullptr));
@@ -109,14 +118,14 @@ bool TextField::hasPairsBefore(std::int64_t end) const {
 std::optional<FieldContent> TextField::read(std::optional<std::int64_t> wantedStart) const {
   const auto caretOffset = caret();
   if (!caretOffset) return std::nullopt;
-  const std::int64_t length = atspi_text_get_character_count(text_.get(), nullptr);
-  if (length < 0) return std::nullopt;
+  const auto length = this->length();
+  if (!length) return std::nullopt;
   const auto selected = selection().value_or(Range{*caretOffset, *caretOffset});
   auto start = std::max<std::int64_t>(0, selected.start - reachBefore);
   if (wantedStart && std::abs(*wantedStart - start) < reachBefore / 2) start = *wantedStart;
-  auto around = text({start, std::min(length, selected.end + reachAfter)});
+  auto around = text({start, std::min(*length, selected.end + reachAfter)});
   if (!around) return std::nullopt;
-  TextWindow window(unit_, length, start, std::move(*around));
+  TextWindow window(unit_, *length, start, std::move(*around));
   const auto first = window.toUtf16(selected.start), last = window.toUtf16(selected.end);
   return FieldContent{std::move(window), {first, last - first}};
 }
@@ -129,8 +138,9 @@ std::int64_t TextField::lengthOf(std::string_view text) const {
 std::optional<bool> TextField::holds(Range range, std::string_view expected) const {
   if (const auto found = text(range)) return text::toUtf8(*found) == expected;
   // Some give nothing at all of a range that is partly there.
-  const int length = hasText() ? atspi_text_get_character_count(text_.get(), nullptr) : -1;
-  if (length < 0 || length >= range.end) return std::nullopt;
+  const auto length = this->length();
+  // It was not empty before: libatspi gives that for no answer too.
+  if (!length || *length == 0 || *length >= range.end) return std::nullopt;
   return false;
 }
 

@@ -87,6 +87,7 @@ class TextField {
 
  private:
   TextField(AtspiAccessible* accessible, AtspiAccessible* focused, TextUnit unit);
+  [[nodiscard]] std::optional<std::int64_t> length() const;
   [[nodiscard]] std::optional<Range> selection() const;
 
   GObjectPointer<AtspiAccessible> accessible_;
