@@ -22,6 +22,7 @@ class Editor(Program):
     command = ()
     unit = "utf-32-le"  # of its offsets: characters or UTF-16 units
     environment = {}  # beside that of the desktop
+    starts_slowly = False  # and may lose the first keys, or show them late
     # Else it shows a key too late there for the word to be corrected.
     keeps_up_with_a_megabyte = True
 
@@ -46,6 +47,8 @@ class Editor(Program):
         self.await_tree()
         self.activate()
         self.element = wait_for(self.focused_text_element, "the document")
+        if self.starts_slowly:
+            self.await_idle()
         return self
 
     def close(self):
@@ -125,6 +128,7 @@ class Featherpad(Editor):
 
 class GnomeTextEditor(Editor):
     command = ("gnome-text-editor", "--standalone")
+    starts_slowly = True
 
 
 class Kate(Editor):
@@ -168,13 +172,9 @@ class Terminal(Editor):
 class WebPage(Editor):
     """A text area with the focus, in a browser."""
 
-    body = "<textarea autofocus rows=20 cols=80>{}</textarea>"
+    starts_slowly = True
 
-    def await_ready(self):
-        """Browsers lose keys while they start."""
-        super().await_ready()
-        self.await_idle()
-        return self
+    body = "<textarea autofocus rows=20 cols=80>{}</textarea>"
 
     def address_of_document(self):
         with open(self.path, encoding="utf-8") as file:

@@ -51,7 +51,7 @@ class BusGoes(ElsewhereTest):
         self.type("lo and teh ")
         self.study.request_activation()
         self.type("abc ")
-        editor.activate()
+        editor.request_activation()  # the gate may want to be in front
         self.type("teh ")
         time.sleep(0.5)
         self.assertTrue(self.study.is_running)
