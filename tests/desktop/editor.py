@@ -133,6 +133,7 @@ class GnomeTextEditor(Editor):
 
 class Kate(Editor):
     command = ("kate", "--startanon", "--new")
+    starts_slowly = True
     unit = "utf-16-le"
 
 

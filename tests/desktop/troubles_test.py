@@ -46,9 +46,10 @@ class TroublesTest(ElsewhereTest):
         return key
 
     def end_replacement(self, key):
-        self.ask_study(0.5)
+        """Before the key repeats, which it would do in another window too."""
+        self.ask_study(0.2)
         self.keyboard.up(key)
-        self.ask_study(0.1)
+        self.ask_study(0.4)
 
 
 class Stopped(TroublesTest):

@@ -79,6 +79,7 @@ KeyContext ApplicationKeys::contextOf(const DesktopKey& key, const DesktopInput&
 
 void ApplicationKeys::noteActivation(const DesktopWindow& window) {
   windowInFront_ = window.id;
+  watch_.noteActivation();
   if (window.isOwn || window.isTerminal) {
     watch_.leave();
   } else {

@@ -114,7 +114,10 @@ void FocusWatch::setSecure(bool isSecure) {
 
 void FocusWatch::enter(KeyEffects::Application application) {
   // Nothing is known of the new one yet.
-  if (application != inFront_) setSecure(false);
+  if (application != inFront_) {
+    setSecure(false);
+    hasSeenFocus_ = false;
+  }
   inFront_ = application;
 }
 
@@ -125,6 +128,7 @@ std::shared_ptr<TextField> FocusWatch::focusedField(int processId) {
   if (field) {
     field->lookAtRole();
     setSecure(field->isPassword() || field->isTerminal());
+    hasSeenFocus_ = true;
   } else {
     lastUnanswered_ = Clock::now();
   }
@@ -142,8 +146,9 @@ KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
   auto field = focusedField(processId);
   // The last key of a password may have moved the focus on.
   if (wasSecure(key.pressedAt)) return {true, {}};
-  // What does not answer may have a password field in front.
-  if (!field) return {finder_.isUnanswered(processId), {}};
+  // What does not answer, or not yet, may have a password field in front.
+  const bool isUnknown = application != nullptr && !hasSeenFocus_;
+  if (!field) return {isUnknown || finder_.isUnanswered(processId), {}};
   const bool hasEffect =
       !effect || awaitEffect(application, *effect, key.deliveredAt + longestEffect);
   // A key may have moved the focus, to a password field too.

@@ -56,7 +56,10 @@ class FocusWatch {
   /// What has the caret in it.
   [[nodiscard]] TextAtCaret focusedText(int processId);
 
-  /// An own window or one that is not asked anything is in front now.
+  /// Another window is in front now.
+  void noteActivation() { hasSeenFocus_ = false; }
+
+  /// It is an own one, or one that is not asked anything.
   void leave() { enter(nullptr); }
 
   /// Whether the application takes part in accessibility, or that is not known.
@@ -93,6 +96,7 @@ class FocusWatch {
   /// The focus may be elsewhere than the application says: it has shown no effect of a key since
   /// one that moves the focus.
   bool mayHaveMoved_ = false;
+  bool hasSeenFocus_ = false;  ///< in the window in front
   bool isSecure_ = false;
   Clock::time_point lastSecure_{};
   /// The application that has the keyboard; null when it is none that is asked anything.
