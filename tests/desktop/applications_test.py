@@ -73,6 +73,7 @@ class Texts(ElsewhereTest):
 
     def open_with(self, before, behind):
         editor = self.open(before + behind)
+        editor.await_idle()  # large ones take a while to load
         editor.place_caret(before)
         return editor
 
