@@ -52,6 +52,7 @@ class Secrets(ElsewhereTest):
         self.study.answer()
         self.assert_unknown(PASSWORD)
         editor.activate()
+        editor.await_idle()  # keys are not heard before its focus is known
         self.type(CONTROL + " ")
         self.assert_unknown(PASSWORD)
         self.assertEqual(raw_typed(self.report()), f"{CONTROL} {CONTROL} ")
