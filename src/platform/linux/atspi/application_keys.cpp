@@ -26,7 +26,6 @@ std::optional<std::string> effectOf(const WatchedKey& key) {
 }
 
 AwaitedKey awaited(const WatchedKey& key) {
-  constexpr double millisecondsPerSecond = 1000;
   return {effectOf(key), timePoint(key.timestamp * millisecondsPerSecond),
           timePoint(key.deliveredAt * millisecondsPerSecond)};
 }
@@ -42,7 +41,6 @@ bool mayBeTakenBackBlindly(const std::u16string& text) {
 std::optional<ReportableKey> ApplicationKeys::take(const DesktopKey& key,
                                                    const DesktopInput& input) {
   auto context = contextOf(key, input);
-  isSecure_ = watch_.isSecure();
   if (context.isSecure) {
     noteMissedKey();
     return std::nullopt;
@@ -85,31 +83,18 @@ void ApplicationKeys::noteActivation(const DesktopWindow& window) {
   } else {
     lookAhead(window, mostLooksAhead);
   }
-  isSecure_ = watch_.isSecure();
 }
 
 /// The first look at an application takes longest, above all while it is starting.
 void ApplicationKeys::lookAhead(const DesktopWindow& window, int looksLeft) {
   if (windowInFront_ != window.id) return;
-  if (focusedField(window.processId) != nullptr || looksLeft == 0) return;
+  if (watch_.focusedField(window.processId) != nullptr || looksLeft == 0) return;
   thread_.postLater([this, window, looksLeft] { lookAhead(window, looksLeft - 1); }, betweenLooks);
-}
-
-std::shared_ptr<TextField> ApplicationKeys::focusedField(int processId) {
-  auto field = watch_.focusedField(processId);
-  isSecure_ = watch_.isSecure();
-  return field;
-}
-
-TextAtCaret ApplicationKeys::look(int processId) {
-  auto found = watch_.focusedText(processId);
-  isSecure_ = watch_.isSecure();
-  return found;
 }
 
 bool ApplicationKeys::mayStandBeforeCaret(int processId, const std::u16string& expected) {
   const auto content = look(processId).content;
-  if (isSecure_) return false;
+  if (isSecure()) return false;
   if (!content) return !watch_.takesPart(processId) && mayBeTakenBackBlindly(expected);
   return content->selection.length == 0 && content->hasBeforeCaret(expected);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -43,23 +42,21 @@ class ApplicationKeys {
   void noteActivation(const DesktopWindow& window);
 
   /// What has the caret in the process, which is in front.
-  [[nodiscard]] TextAtCaret look(int processId);
+  [[nodiscard]] TextAtCaret look(int processId) { return watch_.focusedText(processId); }
 
   /// Whether Backspaces may delete this before the caret: where nothing can be read, only in an
   /// application outside accessibility.
   [[nodiscard]] bool mayStandBeforeCaret(int processId, const std::u16string& expected);
 
   /// Whether a password field has the focus. Of any thread.
-  [[nodiscard]] bool isSecure() const { return isSecure_; }
+  [[nodiscard]] bool isSecure() const { return watch_.isSecure(); }
 
  private:
   [[nodiscard]] KeyContext contextOf(const DesktopKey& key, const DesktopInput& input);
-  [[nodiscard]] std::shared_ptr<TextField> focusedField(int processId);
   void lookAhead(const DesktopWindow& window, int looksLeft);
 
   AccessibilityThread& thread_;
   FocusWatch watch_;
-  std::atomic<bool> isSecure_ = false;
   std::uint64_t windowInFront_ = 0;
   // Of the word that is being typed.
   bool hasMissedKeys_ = false;

@@ -180,12 +180,15 @@ std::shared_ptr<TextField> FocusFinder::share(std::unique_ptr<TextField> field) 
 }
 
 AtspiAccessible* FocusFinder::applicationOf(int processId) {
-  const bool hasBus = thread_.hasBus();
-  if (!hasBus) applications_.clear();
+  if (!thread_.hasBus()) {
+    applications_.clear();
+    pause_ = {processId, Clock::now() + pauseLength};
+    return nullptr;
+  }
   auto& known = applications_[processId];
   if (known != nullptr) return known.get();
-  const Accessible desktop(hasBus ? atspi_get_desktop(0) : nullptr);
-  const int count = hasBus ? atspi_accessible_get_child_count(desktop.get(), nullptr) : -1;
+  const Accessible desktop(atspi_get_desktop(0));
+  const int count = atspi_accessible_get_child_count(desktop.get(), nullptr);
   bool isSure = count >= 0;
   for (int i = 0; i < count; ++i) {
     Accessible application(atspi_accessible_get_child_at_index(desktop.get(), i, nullptr));

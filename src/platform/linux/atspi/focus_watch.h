@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <unordered_map>
@@ -72,7 +73,7 @@ class FocusWatch {
     return isSecure_ || pressedAt <= lastSecure_;
   }
 
-  /// Whether the element that had the focus last takes a password.
+  /// Whether the element that had the focus last takes a password. Of any thread.
   [[nodiscard]] bool isSecure() const { return isSecure_; }
 
  private:
@@ -97,7 +98,7 @@ class FocusWatch {
   /// one that moves the focus.
   bool mayHaveMoved_ = false;
   bool hasSeenFocus_ = false;  ///< in the window in front
-  bool isSecure_ = false;
+  std::atomic<bool> isSecure_ = false;
   Clock::time_point lastSecure_{};
   /// The application that has the keyboard; null when it is none that is asked anything.
   KeyEffects::Application inFront_ = nullptr;

@@ -26,7 +26,6 @@
 namespace mirvane {
 namespace {
 
-constexpr double millisecondsPerSecond = 1000.0;
 /// The longest time for which keys wait when nobody gives them back.
 constexpr double longestHold = 250.0;  // ms
 /// The same while text is typed into an application, which may hang meanwhile.

@@ -13,8 +13,6 @@
 namespace mirvane {
 namespace {
 
-constexpr double millisecondsPerSecond = 1000.0;
-
 bool isHardwareKeyboard(const XIDeviceInfo& device) {
   return device.use == XISlaveKeyboard && device.enabled != 0 &&
          std::string_view(device.name).find("XTEST") == std::string_view::npos;

@@ -13,12 +13,6 @@
 #include "platform/linux/x11/server_clock.h"
 
 namespace mirvane {
-namespace {
-
-constexpr double millisecondsPerSecond = 1000.0;
-
-}  // namespace
-
 KeyboardWatch::KeyboardWatch(_XDisplay* display, PostedKeys& posted, Callbacks callbacks)
     : display_(display), posted_(posted), callbacks_(std::move(callbacks)), text_(display) {
   int event = 0, error = 0, opcode = 0, major = XkbMajorVersion, minor = XkbMinorVersion;

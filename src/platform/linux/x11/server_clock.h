@@ -5,6 +5,8 @@
 
 namespace mirvane {
 
+inline constexpr double millisecondsPerSecond = 1000.0;
+
 /// Milliseconds since the system started, which is the X server's clock too.
 [[nodiscard]] inline double uptimeMilliseconds() {
   const auto uptime = std::chrono::steady_clock::now().time_since_epoch();
