@@ -5,6 +5,7 @@
 #include <xkbcommon/xkbcommon-x11.h>
 
 #include <clocale>
+#include <utility>
 
 #include "platform/key_codes.h"
 
@@ -15,6 +16,15 @@ constexpr xkb_keysym_t backspace = 0xFF08;
 
 std::string nonEmpty(const char* text, int length) {
   return length > 0 ? std::string(text, static_cast<std::size_t>(length)) : std::string();
+}
+
+void copyModifiers(xkb_state& from, xkb_state& to) {
+  xkb_state_update_mask(&to, xkb_state_serialize_mods(&from, XKB_STATE_MODS_DEPRESSED),
+                        xkb_state_serialize_mods(&from, XKB_STATE_MODS_LATCHED),
+                        xkb_state_serialize_mods(&from, XKB_STATE_MODS_LOCKED),
+                        xkb_state_serialize_layout(&from, XKB_STATE_LAYOUT_DEPRESSED),
+                        xkb_state_serialize_layout(&from, XKB_STATE_LAYOUT_LATCHED),
+                        xkb_state_serialize_layout(&from, XKB_STATE_LAYOUT_LOCKED));
 }
 
 }  // namespace
@@ -62,8 +72,12 @@ void KeyboardText::reloadIfStale() {
   const auto device = xkb_x11_get_core_keyboard_device_id(connection);
   keymap_.reset(xkb_x11_keymap_new_from_device(context_.get(), connection, device,
                                                XKB_KEYMAP_COMPILE_NO_FLAGS));
-  state_.reset(keymap_ ? xkb_x11_state_new_from_device(keymap_.get(), connection, device)
-                       : nullptr);
+  std::unique_ptr<xkb_state, Free> state(
+      keymap_ ? xkb_x11_state_new_from_device(keymap_.get(), connection, device) : nullptr);
+  // The server is ahead of the keys that are still to be told: it may know of a Shift that comes
+  // after them.
+  if (state && state_) copyModifiers(*state_, *state);
+  state_ = std::move(state);
 }
 
 void KeyboardText::update(std::uint32_t baseMods, std::uint32_t latchedMods,
