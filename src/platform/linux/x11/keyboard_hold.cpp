@@ -5,21 +5,12 @@
 #include <X11/extensions/XTest.h>
 
 #include <array>
-#include <string_view>
 
 #include "platform/linux/x11/key_controls.h"
+#include "platform/linux/x11/keyboard_devices.h"
 #include "platform/linux/x11/server_clock.h"
 
 namespace mirvane {
-namespace {
-
-bool isHardwareKeyboard(const XIDeviceInfo& device) {
-  return device.use == XISlaveKeyboard && device.enabled != 0 &&
-         std::string_view(device.name).find("XTEST") == std::string_view::npos;
-}
-
-}  // namespace
-
 KeyboardHold::KeyboardHold(XDisplay display, PostedKeys& posted)
     : display_(std::move(display)), posted_(posted) {
   int event = 0, error = 0;
@@ -28,15 +19,8 @@ KeyboardHold::KeyboardHold(XDisplay display, PostedKeys& posted)
 }
 
 void KeyboardHold::reloadKeyboards() {
-  // While they are held back they do not show as keyboards.
   if (!grabbed_.empty()) return;
-  keyboards_.clear();
-  int count = 0;
-  XIDeviceInfo* const devices = XIQueryDevice(display_.get(), XIAllDevices, &count);
-  for (int i = 0; i < count; ++i) {
-    if (isHardwareKeyboard(devices[i])) keyboards_.push_back(devices[i].deviceid);
-  }
-  XIFreeDeviceInfo(devices);
+  keyboards_ = hardwareKeyboards(display_.get());
 }
 
 bool KeyboardHold::isKeyboardTaken() const {

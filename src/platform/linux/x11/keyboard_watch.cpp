@@ -6,10 +6,10 @@
 #include <X11/extensions/XKBstr.h>
 
 #include <array>
-#include <string_view>
 #include <utility>
 
 #include "platform/linux/x11/key_controls.h"
+#include "platform/linux/x11/keyboard_devices.h"
 #include "platform/linux/x11/server_clock.h"
 
 namespace mirvane {
@@ -50,15 +50,8 @@ void KeyboardWatch::reloadControls() {
 }
 
 void KeyboardWatch::reloadKeyboards() {
-  syntheticKeyboards_.clear();
-  int count = 0;
-  XIDeviceInfo* const devices = XIQueryDevice(display_, XIAllDevices, &count);
-  for (int i = 0; i < count; ++i) {
-    if (std::string_view(devices[i].name).find("XTEST") != std::string_view::npos) {
-      syntheticKeyboards_.insert(devices[i].deviceid);
-    }
-  }
-  XIFreeDeviceInfo(devices);
+  const auto keyboards = syntheticKeyboards(display_);
+  syntheticKeyboards_ = {keyboards.begin(), keyboards.end()};
 }
 
 bool KeyboardWatch::handle(_XEvent& event) {

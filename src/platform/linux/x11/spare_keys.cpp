@@ -2,7 +2,6 @@
 
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>
-#include <X11/extensions/XInput2.h>
 #include <xkbcommon/xkbcommon.h>
 
 #include <algorithm>
@@ -11,6 +10,8 @@
 #include <thread>
 #include <tuple>
 #include <utility>
+
+#include "platform/linux/x11/keyboard_devices.h"
 
 namespace mirvane {
 namespace {
@@ -104,8 +105,9 @@ class SpareKeys::Keyboard {
 };
 
 SpareKeys::~SpareKeys() {
-  for (const auto& [key, lastUse] : lastUses_) bind(key, NoSymbol);
-  XSync(display_, False);
+  std::vector<Binding> none;
+  for (const auto& [key, lastUse] : lastUses_) none.push_back({key, NoSymbol});
+  bind(none);
 }
 
 std::vector<std::uint32_t> SpareKeys::keysFor(const std::vector<unsigned long>& symbols,
@@ -121,59 +123,65 @@ std::vector<std::uint32_t> SpareKeys::keysFor(const std::vector<unsigned long>& 
     };
     return age(a) < age(b);
   });
-  std::vector<std::pair<unsigned long, std::uint32_t>> bound;
+  std::vector<Binding> bound;
   std::vector<std::uint32_t> keys;
   for (const auto symbol : symbols) {
     const auto avoided = consecutiveDiffer && !keys.empty() ? keys.back() : 0;
     const auto known = std::find_if(bound.begin(), bound.end(), [&](const auto& binding) {
-      return binding.first == symbol && binding.second != avoided;
+      return binding.symbol == symbol && binding.key != avoided;
     });
-    auto key = known != bound.end() ? known->second : keyboard.keyFor(symbol, avoided);
+    auto key = known != bound.end() ? known->key : keyboard.keyFor(symbol, avoided);
     if (key == 0 && bound.size() < spares.size()) {
       key = spares[bound.size()];
-      bound.emplace_back(symbol, key);
-      bind(key, symbol);
+      bound.push_back({key, symbol});
     }
     if (key == 0) return {};
-    if (const auto used = lastUses_.find(key); used != lastUses_.end()) used->second = ++uses_;
     keys.push_back(key);
   }
-  if (!bound.empty()) std::this_thread::sleep_for(timeToReadBindings);
+  for (const auto& binding : bound) lastUses_[binding.key] = 0;
+  for (const auto key : keys) {
+    if (const auto used = lastUses_.find(key); used != lastUses_.end()) used->second = ++uses_;
+  }
+  if (!bound.empty()) {
+    bind(bound);
+    std::this_thread::sleep_for(timeToReadBindings);
+  }
   return keys;
 }
 
-void SpareKeys::bind(std::uint32_t key, unsigned long symbol) {
-  if (symbol != NoSymbol) lastUses_[key] = ++uses_;
-  bindOn(XkbUseCoreKbd, key, symbol);
+void SpareKeys::bind(const std::vector<Binding>& bindings) {
+  if (bindings.empty()) return;
+  bindOn(XkbUseCoreKbd, bindings);
   // A keyboard whose keys are held back is apart from the core keyboard, and would bring its own
   // map along when it comes back.
-  int count = 0;
-  XIDeviceInfo* const devices = XIQueryDevice(display_, XIAllDevices, &count);
-  for (int i = 0; i < count; ++i) {
-    if (devices[i].use == XISlaveKeyboard || devices[i].use == XIFloatingSlave) {
-      bindOn(static_cast<unsigned>(devices[i].deviceid), key, symbol);
-    }
+  for (const int keyboard : allKeyboards(display_)) {
+    bindOn(static_cast<unsigned>(keyboard), bindings);
   }
-  XIFreeDeviceInfo(devices);
   XSync(display_, False);
 }
 
-void SpareKeys::bindOn(unsigned device, std::uint32_t key, unsigned long symbol) {
+void SpareKeys::bindOn(unsigned device, const std::vector<Binding>& bindings) {
   XkbDescPtr const map = XkbGetMap(display_, XkbKeySymsMask | XkbKeyTypesMask, device);
   if (map == nullptr) return;
   // A type that knows of Shift and Caps Lock and gives the same symbol for all: without one,
   // applications would apply them by themselves.
   int type = XkbAlphabeticIndex;
-  XkbMapChangesRec changes{};
-  if (XkbChangeTypesOfKey(map, static_cast<int>(key), 1, XkbGroup1Mask, &type, &changes) ==
-      Success) {
+  auto [first, last] = std::pair(bindings.front().key, bindings.front().key);
+  for (const auto& [key, symbol] : bindings) {
+    if (XkbChangeTypesOfKey(map, static_cast<int>(key), 1, XkbGroup1Mask, &type, nullptr) !=
+        Success) {
+      continue;
+    }
     KeySym* const symbols = XkbKeySymsPtr(map, key);
     symbols[0] = symbols[1] = symbol;
-    changes.changed |= XkbKeySymsMask;
-    changes.first_key_sym = static_cast<KeyCode>(key);
-    changes.num_key_syms = 1;
-    XkbChangeMap(display_, map, &changes);
+    first = std::min(first, key);
+    last = std::max(last, key);
   }
+  XkbMapChangesRec changes{};
+  changes.changed = XkbKeySymsMask;
+  changes.first_key_sym = static_cast<KeyCode>(first);
+  changes.num_key_syms = static_cast<unsigned char>(last - first + 1);
+  XkbChangeMap(display_, map, &changes);
   XkbFreeKeyboard(map, XkbAllComponentsMask, True);
 }
 

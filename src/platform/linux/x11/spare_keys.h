@@ -32,8 +32,14 @@ class SpareKeys {
  private:
   class Keyboard;
 
-  void bind(std::uint32_t key, unsigned long symbol);
-  void bindOn(unsigned device, std::uint32_t key, unsigned long symbol);
+  struct Binding {
+    std::uint32_t key = 0;
+    unsigned long symbol = 0;
+  };
+
+  /// All in one request: every program reads the whole keyboard anew after each.
+  void bind(const std::vector<Binding>& bindings);
+  void bindOn(unsigned device, const std::vector<Binding>& bindings);
 
   _XDisplay* display_;
   std::map<std::uint32_t, std::uint64_t> lastUses_;  ///< of the keys bound here
