@@ -25,6 +25,9 @@ class Editor(Program):
     starts_slowly = False  # and may lose the first keys, or show them late
     # Else it shows a key too late there for the word to be corrected.
     keeps_up_with_a_megabyte = True
+    asks_whether_to_save = True
+    # Keys that it has got and not dealt with yet.
+    drops_keys_with_the_focus = False
 
     def __init__(self, text=""):
         self.element = None
@@ -174,6 +177,7 @@ class WebPage(Editor):
     """A text area with the focus, in a browser."""
 
     starts_slowly = True
+    asks_whether_to_save = False
 
     body = "<textarea autofocus rows=20 cols=80>{}</textarea>"
 
@@ -197,6 +201,7 @@ class Firefox(WebPage):
 class Chromium(WebPage):
     command = ("chromium", "--no-sandbox", "--no-first-run", "--force-renderer-accessibility")
     keeps_up_with_a_megabyte = False
+    drops_keys_with_the_focus = True
 
 
 class RichPage(WebPage):

@@ -110,14 +110,15 @@ class Killed(TroublesTest):
 
 
 class Closed(TroublesTest):
-    def test_editor_asks_whether_to_save(self):
+    def test_editor_is_closed(self):
         for moment in MOMENTS:
             editor = self.open()
             key = self.begin_replacement(moment)
             editor.close_window()
             self.end_replacement(key)
-            # Its question may come up before the space, which goes there then.
-            self.assertIn(editor.settled_text(), ("becuase", "becuase ", "because "))
+            if editor.asks_whether_to_save:
+                # Its question may come up before the space, which goes there then.
+                self.assertIn(editor.settled_text(), ("becuase", "becuase ", "because "))
             editor.close()
 
     def test_window_goes(self):
@@ -147,7 +148,10 @@ class Left(TroublesTest):
             key = self.begin_replacement(moment)
             other.request_activation()
             self.end_replacement(key)
-            self.assertIn(editor.settled_text(), (before + "becuase ", before + "because "))
+            wanted = [before + "becuase ", before + "because "]
+            if editor.drops_keys_with_the_focus:
+                wanted = [text[:end] for text in wanted for end in range(len(before), len(text) + 1)]
+            self.assertIn(editor.settled_text(), wanted)
             self.assertEqual(other.settled_text(), "")
             editor.activate()
 

@@ -40,7 +40,7 @@ class OtherApplications {
   /// application, even if an own window has become active since.
   [[nodiscard]] bool isDelivering() const;
 
-  /// The application whose window is active; absent when none is. May be this one.
+  /// The application whose window became active last; absent before the first. May be this one.
   [[nodiscard]] const std::optional<DesktopWindow>& frontmostWindow() const;
 
   /// The focused element of the application in front; null when there is none to be reached.

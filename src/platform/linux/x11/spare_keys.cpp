@@ -114,9 +114,8 @@ SpareKeys::~SpareKeys() {
   bind(none);
 }
 
-std::vector<std::uint32_t> SpareKeys::keysFor(const std::vector<unsigned long>& symbols,
-                                              bool consecutiveDiffer) {
-  const Keyboard keyboard(display_);
+std::vector<std::uint32_t> SpareKeys::sparesFor(const Keyboard& keyboard,
+                                                const std::vector<unsigned long>& symbols) const {
   auto spares = keyboard.sparesFor(symbols);
   // Those never used come first, those used longest ago next: an application may still have to read
   // what a key of a moment ago meant.
@@ -127,6 +126,13 @@ std::vector<std::uint32_t> SpareKeys::keysFor(const std::vector<unsigned long>& 
     };
     return age(a) < age(b);
   });
+  return spares;
+}
+
+std::vector<std::uint32_t> SpareKeys::keysFor(const std::vector<unsigned long>& symbols,
+                                              bool consecutiveDiffer) {
+  const Keyboard keyboard(display_);
+  const auto spares = sparesFor(keyboard, symbols);
   std::vector<Binding> bound;
   std::vector<std::uint32_t> keys;
   for (const auto symbol : symbols) {

@@ -37,6 +37,9 @@ class SpareKeys {
     unsigned long symbol = 0;
   };
 
+  /// Those that may be bound for a text of these symbols, in the order in which to take them.
+  [[nodiscard]] std::vector<std::uint32_t> sparesFor(
+      const Keyboard& keyboard, const std::vector<unsigned long>& symbols) const;
   /// All in one request: every program reads the whole keyboard anew after each.
   void bind(const std::vector<Binding>& bindings);
   void bindOn(unsigned device, const std::vector<Binding>& bindings);
