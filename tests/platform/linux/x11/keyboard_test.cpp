@@ -161,7 +161,7 @@ TEST_F(X11KeyboardTest, BindsKeysUntilTheEnd) {
 }
 
 TEST_F(X11KeyboardTest, LeavesAnotherLayoutAlone) {
-  EXPECT_TRUE(type(0, "ж"));
+  EXPECT_TRUE(type(0, "абвгдежзийкл"));
   useLayout("br");  // which has more keys
   const auto before = desk.keyboardMap();
   typist.reset();
@@ -308,9 +308,9 @@ TEST_F(X11KeyboardTest, GivesHeldKeysBackBehindWhatWasTyped) {
 }
 
 TEST_F(X11KeyboardTest, LosesHeldKeysRatherThanTypingThemElsewhere) {
-  for (const auto& before : std::vector<Keys>{{}, {keyB}, {keyShift}}) {
+  for (const auto& before : std::vector<Keys>{{}, {keyB}, {keyAltGr}}) {
     send(before);
-    const auto textBefore = desk.takeText();
+    (void)desk.takeText();
     watched.clear();
     (void)desk.takeSent();
     const auto atFirst = desk.state();
@@ -319,11 +319,9 @@ TEST_F(X11KeyboardTest, LosesHeldKeysRatherThanTypingThemElsewhere) {
     desk.focus(desk.otherField());
     hold.giveBack(desk.field());
     handOver();
-    EXPECT_THAT(watched, ::testing::Each(::testing::Field(&SeenKey::scanCode, keyShift)));
+    EXPECT_THAT(watched, ::testing::ElementsAre(::testing::Field(&SeenKey::scanCode, keyShift)));
     send({-keyC, -keyShift});
-    if (before != Keys{keyShift}) {
-      EXPECT_EQ(desk.state(), atFirst);
-    }
+    EXPECT_EQ(desk.state(), atFirst);
     for (const int key : before) send({-key});
     EXPECT_EQ(desk.state(), KeyboardState());
     send(strokes({keyA}));
@@ -338,6 +336,7 @@ TEST_F(X11KeyboardTest, LeavesNoKeyDown) {
   send({keyA});
   brief->giveBack(desk.field());
   brief.reset();
+  EXPECT_EQ(desk.state(), KeyboardState());
   send({-keyA});
   EXPECT_EQ(desk.state(), KeyboardState());
 }
