@@ -16,18 +16,22 @@ class AccessibilityLink {
  public:
   explicit AccessibilityLink(AccessibilityThread& thread) : thread_(thread) {}
 
-  /// Until `endBudget` all questions together may take no longer than one may else.
-  void beginBudget() { budgetEnd_ = Clock::now() + longestWait; }
-  void endBudget() { budgetEnd_.reset(); }
+  /// All questions until `endBudget` together may take a tenth of a second.
+  void beginBudget() {
+    isInBudget_ = true;
+    budgetEnd_ = Clock::now() + longestWait;
+  }
+  void endBudget() { isInBudget_ = false; }
 
   template <typename Answer>
   [[nodiscard]] std::optional<Answer> ask(std::function<Answer()> question) {
     const auto now = Clock::now();
-    const auto deadline = budgetEnd_.value_or(now + longestWait);
-    if (now < mutedUntil_ || now >= deadline) return std::nullopt;
-    auto answer = thread_.ask<Answer>(std::move(question),
-                                      std::chrono::ceil<std::chrono::milliseconds>(deadline - now));
-    if (!answer) mutedUntil_ = Clock::now() + pause;
+    if (!isInBudget_ && now > lastAnswer_ + breath) budgetEnd_ = now + longestWait;
+    if (now < mutedUntil_ || now >= budgetEnd_) return std::nullopt;
+    auto answer = thread_.ask<Answer>(
+        std::move(question), std::chrono::ceil<std::chrono::milliseconds>(budgetEnd_ - now));
+    lastAnswer_ = Clock::now();
+    if (!answer) mutedUntil_ = lastAnswer_ + pause;
     return answer;
   }
 
@@ -38,10 +42,14 @@ class AccessibilityLink {
   using Clock = AccessibilityThread::Clock;
   static constexpr std::chrono::milliseconds longestWait{100};
   static constexpr std::chrono::milliseconds pause{1000};
+  /// Questions that follow each other sooner belong to one piece of work, which has one budget.
+  static constexpr std::chrono::milliseconds breath{20};
 
   AccessibilityThread& thread_;
   Clock::time_point mutedUntil_{};
-  std::optional<Clock::time_point> budgetEnd_;
+  bool isInBudget_ = false;
+  Clock::time_point budgetEnd_{};
+  Clock::time_point lastAnswer_{};
 };
 
 }  // namespace mirvane

@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "text/characters.h"
+#include "text/letter_case.h"
 #include "text/utf16.h"
 
 namespace mirvane {
@@ -15,6 +16,8 @@ constexpr std::chrono::milliseconds longestSelection{150};
 /// Firefox loses what it is asked while it is still at work on the key before: it is asked again.
 constexpr std::chrono::milliseconds selectAgain{30};
 constexpr std::chrono::milliseconds longestTyping{150};
+/// A selection asked for may take so long to come, and must not come over keys given back.
+constexpr std::chrono::milliseconds timeForSelection{300};
 constexpr std::chrono::milliseconds pollInterval{2};
 /// The caret stands behind the word and what ended it, not farther.
 constexpr std::int64_t longestTail = 8;
@@ -22,6 +25,7 @@ constexpr std::int64_t longestTail = 8;
 constexpr std::chrono::milliseconds attemptInterval{100};
 constexpr std::chrono::seconds longestPatience{30};
 
+using namespace std::chrono_literals;
 using Clock = FieldWriter::Clock;
 
 template <typename Condition>
@@ -58,6 +62,12 @@ bool holdsEmbedded(const std::u16string& text) {
   return text.find(u'\uFFFC') != std::u16string::npos;
 }
 
+/// Whether this is what a field has left of an inserted text: one with a greatest length cuts it
+/// off, one for capitals writes capitals.
+bool isRemainderOf(const std::u16string& remainder, const std::string& inserted) {
+  return text::lowercased(inserted).starts_with(text::lowercased(text::toUtf8(remainder)));
+}
+
 bool awaitText(const TextField& field, const Replacement& replacement) {
   const auto range = replacedRange(field, replacement);
   return await([&] { return field.holds(range, replacement.text).value_or(false); }, longestTyping);
@@ -79,14 +89,30 @@ bool FieldWriter::replace(const std::shared_ptr<TextField>& field, const Place& 
 FieldWriter::Outcome FieldWriter::replaceEditable(const TextField& field,
                                                   const Replacement& replacement) {
   if (!field.isEditable()) return Outcome::unchanged;
+  const auto lengthBefore = field.length();
+  if (!lengthBefore) return Outcome::unchanged;
   // First the new, behind the old: an application that ignores the one must not lose the other.
   field.insert(replacement.range.end, replacement.text);
   const auto isInserted = field.holds(insertedRange(field, replacement), replacement.text);
   if (!isInserted) return Outcome::unknown;
-  if (!*isInserted) return Outcome::unchanged;
+  if (!*isInserted) return takeBackRemainder(field, replacement, *lengthBefore);
   field.remove(replacement.range);
   const auto isDone = field.holds(replacedRange(field, replacement), replacement.text);
   return isDone.value_or(false) ? Outcome::done : Outcome::unknown;
+}
+
+FieldWriter::Outcome FieldWriter::takeBackRemainder(const TextField& field,
+                                                    const Replacement& replacement,
+                                                    std::int64_t lengthBefore) {
+  const auto length = field.length();
+  if (!length) return Outcome::unknown;
+  if (*length <= lengthBefore) return Outcome::unchanged;
+  const auto start = replacement.range.end;
+  const TextField::Range added{start, start + *length - lengthBefore};
+  const auto remainder = field.text(added);
+  if (!remainder) return Outcome::unknown;
+  if (isRemainderOf(*remainder, replacement.text)) field.remove(added);
+  return Outcome::unchanged;
 }
 
 /// The application hung in the middle: once it answers, either nothing has reached it or the old
@@ -112,20 +138,23 @@ void FieldWriter::finishLater(const std::shared_ptr<TextField>& field,
 FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const Place& place,
                                                   const Replacement& replacement) {
   auto outcome = Outcome::unchanged;
-  input_.withKeysHeldBack(place.hold, [&](const DesktopInput::IsHeld& isHeld) {
+  input_.withKeysHeldBack(place.hold, [&](const DesktopInput::TimeLeft& timeLeft) {
+    const auto isHeld = [&] { return timeLeft() > 0ms; };
     // Up to the caret, so that it ends where it was: what the participant types next goes there.
     const auto caret = field.caret();
     const auto& range = replacement.range;
     if (!caret || *caret < range.end || *caret - range.end > longestTail) return;
     const auto old = field.text({range.start, *caret});
     if (!old || !old->starts_with(replacement.replaced) || holdsEmbedded(*old)) return;
+    // The first Backspace would delete that, the rest of a word that the program proposes.
+    if (field.hasSelection()) return;
     const auto tail = old->substr(replacement.replaced.size());
     const auto text = replacement.text + text::toUtf8(tail);
     // Keys arrive in order, however late the application deals with them; a selection does not.
     const bool isTyped = isTakenBackByKeys(*old, tail)
-                             ? isHeld() && typist_.type(place.window, std::ssize(*old), text)
-                             : typeOver(field, {range.start, *caret}, *old, [&] {
-                                 return isHeld() && typist_.type(place.window, 0, text);
+                             ? typist_.type(place.window, std::ssize(*old), text, isHeld)
+                             : typeOver(field, {range.start, *caret}, *old, timeLeft, [&] {
+                                 return typist_.type(place.window, 0, text, isHeld);
                                });
     if (isTyped) outcome = awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
   });
@@ -133,15 +162,17 @@ FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const 
 }
 
 bool FieldWriter::typeOver(const TextField& field, TextField::Range range,
-                           const std::u16string& old, const std::function<bool()>& type) {
+                           const std::u16string& old, const DesktopInput::TimeLeft& timeLeft,
+                           const std::function<bool()>& type) {
   // Some count the text in one unit and select in another.
   const bool isCountedAlike = field.lengthOf(text::toUtf8(old)) == range.end - range.start &&
                               !field.hasPairsBefore(range.end);
-  if (!isCountedAlike || field.select(range) == false) return false;
+  const auto isTime = [&] { return timeLeft() >= timeForSelection; };
+  if (!isCountedAlike || !isTime() || field.select(range) == false) return false;
   const auto isSelected = [&] { return field.isSelected(range); };
   const auto deadline = Clock::now() + longestSelection;
   bool isMade = await(isSelected, selectAgain);
-  while (!isMade && Clock::now() < deadline && field.select(range).value_or(false)) {
+  while (!isMade && Clock::now() < deadline && isTime() && field.select(range).value_or(false)) {
     isMade = await(isSelected, selectAgain);
   }
   const bool isTyped = isMade && type();
@@ -153,8 +184,9 @@ bool FieldWriter::typeOver(const TextField& field, TextField::Range range,
 bool FieldWriter::type(const Place& place, std::int64_t deleteCount, std::string_view text,
                        const std::function<bool()>& mayType) {
   bool isTyped = false;
-  input_.withKeysHeldBack(place.hold, [&](const DesktopInput::IsHeld& isHeld) {
-    isTyped = mayType() && isHeld() && typist_.type(place.window, deleteCount, text);
+  input_.withKeysHeldBack(place.hold, [&](const DesktopInput::TimeLeft& timeLeft) {
+    isTyped = mayType() &&
+              typist_.type(place.window, deleteCount, text, [&] { return timeLeft() > 0ms; });
   });
   return isTyped;
 }

@@ -49,12 +49,14 @@ class FieldWriter {
   enum class Outcome { done, unchanged, unknown };
 
   Outcome replaceEditable(const TextField& field, const Replacement& replacement);
+  static Outcome takeBackRemainder(const TextField& field, const Replacement& replacement,
+                                   std::int64_t lengthBefore);
   void finishLater(const std::shared_ptr<TextField>& field, const Replacement& replacement,
                    Clock::time_point deadline);
   Outcome replaceByTyping(const TextField& field, const Place& place,
                           const Replacement& replacement);
   static bool typeOver(const TextField& field, TextField::Range range, const std::u16string& old,
-                       const std::function<bool()>& type);
+                       const DesktopInput::TimeLeft& timeLeft, const std::function<bool()>& type);
 
   AccessibilityThread& thread_;
   DesktopInput& input_;

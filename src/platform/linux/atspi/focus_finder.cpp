@@ -1,5 +1,6 @@
 #include "platform/linux/atspi/focus_finder.h"
 
+#include <algorithm>
 #include <chrono>
 #include <optional>
 #include <utility>
@@ -20,6 +21,7 @@ constexpr int mostElements = 2000;
 constexpr std::chrono::milliseconds longestSearch{150};
 constexpr std::chrono::milliseconds longestQuietSearch{2000};
 
+constexpr std::size_t mostKept = 16;
 constexpr std::chrono::milliseconds slowAnswer{180};
 constexpr std::chrono::milliseconds pauseLength{300};
 constexpr std::chrono::milliseconds trustInSurrounding{1000};
@@ -154,6 +156,7 @@ bool FocusFinder::isUnanswered(int processId) const {
 
 void FocusFinder::clear() {
   last_.reset();
+  kept_.clear();
   focused_.reset();
   changed_.reset();
   applications_.clear();
@@ -169,7 +172,16 @@ void FocusFinder::noteChanged(AtspiAccessible* accessible) {
   changed_ = newReference(accessible);
 }
 
+void FocusFinder::keep(const std::shared_ptr<TextField>& field) {
+  if (std::find(kept_.begin(), kept_.end(), field) != kept_.end()) return;
+  kept_.push_back(field);
+  if (kept_.size() > mostKept) kept_.pop_front();
+}
+
 std::shared_ptr<TextField> FocusFinder::makeField(Accessible accessible) {
+  const auto known = std::find_if(kept_.begin(), kept_.end(),
+                                  [&](const auto& field) { return field->isOf(accessible.get()); });
+  if (known != kept_.end()) return *known;
   return share(std::make_unique<TextField>(std::move(accessible)));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <unordered_map>
@@ -39,6 +40,9 @@ class FocusFinder {
   /// whether it takes part in accessibility.
   [[nodiscard]] bool isUnanswered(int processId) const;
 
+  /// Keeps what is known of a field, which is found again when the focus comes back to it.
+  void keep(const std::shared_ptr<TextField>& field);
+
   /// Forgets everything.
   void clear();
 
@@ -73,6 +77,7 @@ class FocusFinder {
   AccessibilityThread& thread_;
   std::unordered_map<int, GObjectPointer<AtspiAccessible>> applications_;
   std::shared_ptr<TextField> last_;
+  std::deque<std::shared_ptr<TextField>> kept_;
   int lastProcessId_ = 0;
   std::chrono::steady_clock::time_point searchedAt_{};
   Pause pause_;

@@ -103,7 +103,9 @@ void FocusWatch::noteFocus(const AtspiEvent& event) {
   finder_.noteFocused(event.source);
   // The others are not asked: this process among them, which may be waiting for this thread.
   if (applicationName(event.source) != inFront_) return;
-  setSecure(atspi_accessible_get_role(event.source, nullptr) == ATSPI_ROLE_PASSWORD_TEXT);
+  const auto role = atspi_accessible_get_role(event.source, nullptr);
+  // What does not answer may be one.
+  setSecure(role == ATSPI_ROLE_PASSWORD_TEXT || role == ATSPI_ROLE_INVALID);
 }
 
 void FocusWatch::setSecure(bool isSecure) {
@@ -128,6 +130,7 @@ std::shared_ptr<TextField> FocusWatch::focusedField(int processId) {
   if (field) {
     field->lookAtRole();
     setSecure(field->isPassword() || field->isTerminal());
+    if (field->isPassword()) finder_.keep(field);
     hasSeenFocus_ = true;
   } else {
     lastUnanswered_ = Clock::now();
@@ -157,7 +160,7 @@ KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
   if (!field) return {false, {}};
   // An application that is behind with its keys has an old text, which must not be corrected, and
   // may have the focus where it does not say yet.
-  const bool isBehind = !hasEffect && announcing_.contains(application);
+  const bool isBehind = !hasEffect && isExpectedToAnnounce(application);
   if (isBehind) return {mayHaveMoved_, {}};
   mayHaveMoved_ = movesFocus(key);
   auto text = key.text ? readBehind(field, *key.text) : finder_.readAtCaret(std::move(field));
@@ -186,6 +189,12 @@ std::optional<KeyEffects::Id> FocusWatch::expectEffect(KeyEffects::Application a
     effects_.giveUp(application, key.deliveredAt - longestDelay);
   }
   return effects_.expect(application, *key.text, key.deliveredAt);
+}
+
+/// One of which nothing is known yet gets the benefit of the doubt for a few keys, where more than
+/// a correction is at stake.
+bool FocusWatch::isExpectedToAnnounce(KeyEffects::Application application) {
+  return announcing_.contains(application) || (mayHaveMoved_ && silence_[application] < patience);
 }
 
 bool FocusWatch::awaitEffect(KeyEffects::Application application, KeyEffects::Id id,

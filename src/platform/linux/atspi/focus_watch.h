@@ -87,6 +87,7 @@ class FocusWatch {
                                        const std::string& typed);
   [[nodiscard]] std::optional<KeyEffects::Id> expectEffect(KeyEffects::Application application,
                                                            const AwaitedKey& key);
+  [[nodiscard]] bool isExpectedToAnnounce(KeyEffects::Application application);
   [[nodiscard]] bool awaitEffect(KeyEffects::Application application, KeyEffects::Id id,
                                  Clock::time_point deadline);
 

@@ -68,12 +68,12 @@ void RemoteTextElement::setSelectedText(std::string_view text) {
   const auto replaced = expectedText(*selection_);
   if (!replaced) return;
   const FieldWriter::Replacement replacement{inField(*selection_), *replaced, std::string(text)};
-  written_ = Written{selection_->location, text::toUtf16(text)};
   isStale_ = true;
-  (void)services_.link.ask<bool>(
+  const auto isDone = services_.link.ask<bool>(
       [field = field_, place = place_, replacement, &writer = services_.writer] {
         return writer.replace(field, place, replacement);
       });
+  if (isDone.value_or(false)) written_ = Written{selection_->location, text::toUtf16(text)};
 }
 
 }  // namespace mirvane

@@ -45,9 +45,19 @@ TextField::TextField(AtspiAccessible* accessible, AtspiAccessible* focused, Text
       text_(atspi_accessible_get_text_iface(accessible)),
       role_(atspi_accessible_get_role(accessible, nullptr)),
       unit_(unit) {
-  if (hasState(accessible_.get(), ATSPI_STATE_EDITABLE)) {
+  const GObjectPointer<AtspiStateSet> states(atspi_accessible_get_state_set(accessible));
+  const auto has = [&](AtspiStateType state) {
+    return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
+  };
+  const bool isLineOfQt = unit_ == TextUnit::utf16 && !has(ATSPI_STATE_MULTI_LINE);
+  if (has(ATSPI_STATE_EDITABLE) && !isLineOfQt) {
     editableText_.reset(atspi_accessible_get_editable_text_iface(accessible_.get()));
   }
+}
+
+void TextField::lookAtRole() {
+  wasPassword_ = wasPassword_ || role_ == ATSPI_ROLE_PASSWORD_TEXT;
+  role_ = atspi_accessible_get_role(accessible_.get(), nullptr);
 }
 
 std::unique_ptr<TextField> TextField::embeddedAt(std::int64_t offset) const {
@@ -122,8 +132,12 @@ std::optional<FieldContent> TextField::read(std::optional<std::int64_t> wantedSt
   if (!length) return std::nullopt;
   const auto selected = selection().value_or(Range{*caretOffset, *caretOffset});
   auto start = std::max<std::int64_t>(0, selected.start - reachBefore);
-  if (wantedStart && std::abs(*wantedStart - start) < reachBefore / 2) start = *wantedStart;
-  auto around = text({start, std::min(*length, selected.end + reachAfter)});
+  auto end = selected.end + reachAfter;
+  if (wantedStart) {
+    start = std::min(*wantedStart, *length);
+    end = std::clamp(selected.end, start, start + 2 * reachBefore) + reachAfter;
+  }
+  auto around = text({start, std::min(*length, end)});
   if (!around) return std::nullopt;
   TextWindow window(unit_, *length, start, std::move(*around));
   const auto first = window.toUtf16(selected.start), last = window.toUtf16(selected.end);
@@ -176,6 +190,11 @@ bool TextField::isSelected(Range range) const {
   if (!hasText()) return false;
   const auto selected = selection();
   return selected && selected->start == range.start && selected->end == range.end;
+}
+
+bool TextField::hasSelection() const {
+  const auto selected = selection();
+  return selected && selected->start < selected->end;
 }
 
 void TextField::setCaret(std::int64_t offset) const {

@@ -44,21 +44,28 @@ class TextField {
 
   [[nodiscard]] bool isFocused() const;
   /// As of the last look; true as well when the application did not say. A field may become one
-  /// for a password while it has the focus.
+  /// for a password while it has the focus, and remains one when it shows the password.
   [[nodiscard]] bool isPassword() const {
-    return role_ == ATSPI_ROLE_PASSWORD_TEXT || role_ == ATSPI_ROLE_INVALID;
+    return wasPassword_ || role_ == ATSPI_ROLE_PASSWORD_TEXT || role_ == ATSPI_ROLE_INVALID;
   }
-  void lookAtRole() { role_ = atspi_accessible_get_role(accessible_.get(), nullptr); }
+  void lookAtRole();
+  [[nodiscard]] bool isOf(AtspiAccessible* accessible) const {
+    return accessible_.get() == accessible;
+  }
   [[nodiscard]] bool isTerminal() const { return role_ == ATSPI_ROLE_TERMINAL; }
 
   /// Whether its text may be read, should the application answer.
   [[nodiscard]] bool hasText() const { return text_ != nullptr && !isPassword(); }
 
-  /// Whether it claims to take editable text.
+  /// Whether it claims to take editable text, and does so without harm: a line of Qt is set anew
+  /// as a whole then, with the caret at its end.
   [[nodiscard]] bool isEditable() const { return editableText_ != nullptr && hasText(); }
 
-  /// The text around the caret, however long the whole is, from `start` on where that is given and
-  /// near enough. Absent when the element has no text, hides it, or does not answer.
+  /// In the application's unit; absent when it does not answer.
+  [[nodiscard]] std::optional<std::int64_t> length() const;
+
+  /// The text around the caret, however long the whole is, or around where it was when that began
+  /// at `start`. Absent when the element has no text, hides it, or does not answer.
   [[nodiscard]] std::optional<FieldContent> read(std::optional<std::int64_t> start = {}) const;
 
   [[nodiscard]] std::optional<std::u16string> text(Range range) const;
@@ -79,6 +86,7 @@ class TextField {
   /// later, then.
   [[nodiscard]] std::optional<bool> select(Range range) const;
   [[nodiscard]] bool isSelected(Range range) const;
+  [[nodiscard]] bool hasSelection() const;
   [[nodiscard]] std::optional<std::int64_t> caret() const;
   void setCaret(std::int64_t offset) const;
 
@@ -87,7 +95,6 @@ class TextField {
 
  private:
   TextField(AtspiAccessible* accessible, AtspiAccessible* focused, TextUnit unit);
-  [[nodiscard]] std::optional<std::int64_t> length() const;
   [[nodiscard]] std::optional<Range> selection() const;
 
   GObjectPointer<AtspiAccessible> accessible_;
@@ -95,6 +102,7 @@ class TextField {
   GObjectPointer<AtspiText> text_;
   GObjectPointer<AtspiEditableText> editableText_;
   AtspiRole role_;
+  bool wasPassword_ = false;
   TextUnit unit_;
 };
 

@@ -89,19 +89,20 @@ class DesktopInput::Thread {
   bool holdBackForTyping(KeyHold hold) {
     if (!isHolding(hold)) return false;
     hold_.holdBack();
-    typingSince_ = uptimeMilliseconds();
-    isTyping_ = true;
+    typingEnd_ = uptimeMilliseconds() + longestTyping;
     if (const auto repeating = watch_.stopRepeating()) hold_.endRepeat(*repeating);
     return true;
   }
 
   void endHoldForTyping() {
-    isTyping_ = false;
-    if (typingSince_) hold_.giveBack();
-    typingSince_.reset();
+    // First of all: who types is to know before the keys come out.
+    if (typingEnd_.exchange(0) > 0) hold_.giveBack(heldWindow_);
   }
 
-  [[nodiscard]] bool isTyping() const { return isTyping_; }
+  [[nodiscard]] std::chrono::milliseconds timeLeftForTyping() const {
+    const double left = typingEnd_ - uptimeMilliseconds();
+    return std::chrono::milliseconds(static_cast<std::int64_t>(std::max(0.0, std::ceil(left))));
+  }
 
   void endHold(KeyHold hold) {
     if (isHolding(hold)) endHold();
@@ -115,11 +116,11 @@ class DesktopInput::Thread {
       runCommands();
       const double now = uptimeMilliseconds();
       watch_.reportDueRepeats(now);
-      if (holdingSince_ && now - *holdingSince_ > longestHold) endHold();
-      if (typingSince_ && now - *typingSince_ > longestTyping) endHoldForTyping();
+      if (holdingEnd_ && now > *holdingEnd_) endHold();
+      if (typingEnd_ > 0 && now > typingEnd_) endHoldForTyping();
       waitForWork();
     }
-    endHold();
+    endHolds();
   }
 
   void waitForWork() {
@@ -134,11 +135,9 @@ class DesktopInput::Thread {
   /// -1 when nothing is due.
   [[nodiscard]] int millisecondsToNextDeadline() const {
     auto due = watch_.repeatDueTime();
-    const auto consider = [&](std::optional<double> since, double longest) {
-      if (since) due = std::min(due.value_or(*since + longest), *since + longest);
-    };
-    consider(holdingSince_, longestHold);
-    consider(typingSince_, longestTyping);
+    if (holdingEnd_) due = std::min(due.value_or(*holdingEnd_), *holdingEnd_);
+    const double typingEnd = typingEnd_;
+    if (typingEnd > 0) due = std::min(due.value_or(typingEnd), typingEnd);
     if (!due) return -1;
     const double left = std::ceil(*due - uptimeMilliseconds());
     return static_cast<int>(std::clamp(left, 0.0, longestHold));
@@ -172,6 +171,7 @@ class DesktopInput::Thread {
     if (!window || window->id == activeWindowId_) return;
     activeWindowId_ = window->id;
     watch_.stopRepeating();
+    if (isHolding() && !isFocused(heldWindow_)) endHolds();
     callbacks_.onActivated(*window);
   }
 
@@ -211,20 +211,34 @@ class DesktopInput::Thread {
     if (key.isDown) endHold();
     // The release of a key that repeats must not be held.
     const bool mayHold = endsWord(key) && !key.isRepeat && !window->isTerminal;
-    callbacks_.onKey({key, *window, mayHold ? startHold() : KeyHold::none});
+    callbacks_.onKey({key, *window, mayHold ? startHold(window->id) : KeyHold::none});
   }
 
-  KeyHold startHold() {
+  KeyHold startHold(std::uint64_t window) {
     hold_.holdBack();
-    holdingSince_ = uptimeMilliseconds();
+    heldWindow_ = window;
+    holdingEnd_ = uptimeMilliseconds() + longestHold;
     current_ = KeyHold{++lastHold_};
     return current_;
   }
 
   void endHold() {
     current_ = KeyHold::none;
-    if (holdingSince_) hold_.giveBack();
-    holdingSince_.reset();
+    if (holdingEnd_) hold_.giveBack(heldWindow_);
+    holdingEnd_.reset();
+  }
+
+  /// Its window is no longer in front.
+  void endHolds() {
+    endHoldForTyping();
+    endHold();
+  }
+
+  [[nodiscard]] bool isHolding() const { return holdingEnd_ || typingEnd_ > 0; }
+
+  [[nodiscard]] bool isFocused(std::uint64_t window) const {
+    const auto focused = focusedWindow(display_.get());
+    return focused && focused->id == window;
   }
 
   Callbacks callbacks_;
@@ -236,9 +250,10 @@ class DesktopInput::Thread {
   std::uint64_t activeWindowId_ = 0;
   std::atomic<KeyHold> current_ = KeyHold::none;
   std::uint64_t lastHold_ = 0;
-  std::optional<double> holdingSince_;  ///< ms, for the sake of a key that ends a word
-  std::optional<double> typingSince_;   ///< ms, while text is typed
-  std::atomic<bool> isTyping_ = false;
+  /// The window that the keys held back were typed in.
+  std::uint64_t heldWindow_ = 0;
+  std::optional<double> holdingEnd_;   ///< ms; for the sake of a key that ends a word
+  std::atomic<double> typingEnd_ = 0;  ///< ms; while text is typed, else 0
   std::atomic<bool> isWatching_ = false;
   bool isRunning_ = true;
   std::mutex mutex_;
@@ -271,11 +286,11 @@ bool DesktopInput::isHolding(KeyHold hold) const {
 }
 
 bool DesktopInput::withKeysHeldBack(KeyHold hold,
-                                    const std::function<void(const IsHeld& isHeld)>& type) {
+                                    const std::function<void(const TimeLeft& timeLeft)>& type) {
   bool isHeld = false;
   thread_->runAndWait([&] { isHeld = thread_->holdBackForTyping(hold); });
   if (!isHeld) return false;
-  type([this] { return thread_->isTyping(); });
+  type([this] { return thread_->timeLeftForTyping(); });
   thread_->runAndWait([this] { thread_->endHoldForTyping(); });
   return true;
 }

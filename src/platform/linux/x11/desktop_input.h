@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -55,10 +56,11 @@ class DesktopInput {
   [[nodiscard]] bool isHolding(KeyHold hold) const;
 
   /// Goes on with this hold while `type` posts keys, and gives the participant's back afterwards,
-  /// or before when it takes over half a second: `isHeld` tells. Called from any thread but this
-  /// one; returns when all is done. False, and nothing is called, when the hold is over.
-  using IsHeld = std::function<bool()>;
-  bool withKeysHeldBack(KeyHold hold, const std::function<void(const IsHeld& isHeld)>& type);
+  /// or before when that takes too long: `timeLeft` tells, 0 when they have been given back. Called
+  /// from any thread but this one; returns when all is done. False, and nothing is called, when the
+  /// hold is over.
+  using TimeLeft = std::function<std::chrono::milliseconds()>;
+  bool withKeysHeldBack(KeyHold hold, const std::function<void(const TimeLeft& timeLeft)>& type);
 
  private:
   class Thread;

@@ -30,16 +30,22 @@ std::vector<unsigned long> symbolsOf(std::int64_t deleteCount, std::string_view 
   return symbols;
 }
 
+/// What is held and locked, and the layout in use.
+std::pair<unsigned, unsigned> modifiersAndGroup(Display* display) {
+  XkbStateRec state{};
+  XkbGetState(display, XkbUseCoreKbd, &state);
+  return {state.mods, state.group};
+}
+
 }  // namespace
 
 KeyTypist::KeyTypist(XDisplay display, PostedKeys& posted)
     : display_(std::move(display)), posted_(posted), keys_(display_.get()) {}
 
 bool KeyTypist::canType() const {
-  XkbStateRec state{};
-  XkbGetState(display_.get(), XkbUseCoreKbd, &state);
   constexpr unsigned commands = ControlMask | Mod1Mask | Mod4Mask;
-  return (state.mods & commands) == 0 && !readKeyControls(display_.get()).isSlowKeysOn;
+  return (modifiersAndGroup(display_.get()).first & commands) == 0 &&
+         !readKeyControls(display_.get()).isSlowKeysOn;
 }
 
 bool KeyTypist::isFocused(std::uint64_t window) const {
@@ -47,15 +53,18 @@ bool KeyTypist::isFocused(std::uint64_t window) const {
   return focused && focused->id == window;
 }
 
-bool KeyTypist::type(std::uint64_t window, std::int64_t deleteCount, std::string_view text) {
+bool KeyTypist::type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
+                     const std::function<bool()>& mayType) {
   const auto symbols = symbolsOf(deleteCount, text);
+  const auto state = modifiersAndGroup(display_.get());
   // Bounce Keys takes a key that comes twice in a row for one.
   const auto keys = keys_.keysFor(symbols, readKeyControls(display_.get()).isBounceKeysOn);
   if (keys.size() != symbols.size()) return false;
-  // Nobody can move the focus between the look at it and the last key.
+  // Nobody can move the focus, or press a key, between the look at it and the last key.
   XGrabServer(display_.get());
-  const bool mayType = isFocused(window);
-  if (mayType) {
+  const bool isUnchanged = isFocused(window) && modifiersAndGroup(display_.get()) == state;
+  const bool isTyped = isUnchanged && mayType();
+  if (isTyped) {
     for (const auto key : keys) {
       post(key, true);
       post(key, false);
@@ -63,7 +72,7 @@ bool KeyTypist::type(std::uint64_t window, std::int64_t deleteCount, std::string
   }
   XUngrabServer(display_.get());
   XSync(display_.get(), False);
-  return mayType;
+  return isTyped;
 }
 
 void KeyTypist::post(std::uint32_t scanCode, bool isDown) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -23,9 +24,11 @@ class KeyTypist {
   [[nodiscard]] bool canType() const;
 
   /// Presses Backspace `deleteCount` times and types `text` while `window` has the focus; returns
-  /// when the server has all of it. False when the focus was elsewhere or a character has no key:
-  /// nothing goes to another window.
-  bool type(std::uint64_t window, std::int64_t deleteCount, std::string_view text);
+  /// when the server has all of it. False, and nothing is typed, when the focus was elsewhere, a
+  /// character has no key, a modifier was pressed or released meanwhile, or `mayType`, which is
+  /// asked when nothing can come in between any more, says no.
+  bool type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
+            const std::function<bool()>& mayType);
 
  private:
   [[nodiscard]] bool isFocused(std::uint64_t window) const;

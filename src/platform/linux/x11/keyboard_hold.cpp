@@ -6,16 +6,23 @@
 
 #include <array>
 
+#include "platform/linux/key_identity.h"
+#include "platform/linux/x11/desktop_window.h"
 #include "platform/linux/x11/key_controls.h"
 #include "platform/linux/x11/keyboard_devices.h"
 #include "platform/linux/x11/server_clock.h"
 
 namespace mirvane {
+
 KeyboardHold::KeyboardHold(XDisplay display, PostedKeys& posted)
     : display_(std::move(display)), posted_(posted) {
   int event = 0, error = 0;
   XQueryExtension(display_.get(), "XInputExtension", &inputOpcode_, &event, &error);
   reloadKeyboards();
+}
+
+KeyboardHold::~KeyboardHold() {
+  for (const auto scanCode : stillDown_) endRepeat(scanCode);
 }
 
 void KeyboardHold::reloadKeyboards() {
@@ -50,15 +57,26 @@ void KeyboardHold::holdBack() {
   }
 }
 
-void KeyboardHold::giveBack() {
+void KeyboardHold::giveBack(std::uint64_t window) {
   if (depth_ == 0 || --depth_ > 0) return;
   if (grabbed_.empty()) return;
-  typeHeldKeys();
+  typeHeldKeys(window);
   for (const int keyboard : grabbed_) XIUngrabDevice(display_.get(), keyboard, CurrentTime);
   grabbed_.clear();
   // What came between the last look and the end of the grab.
-  typeHeldKeys();
+  typeHeldKeys(window);
   reloadKeyboards();
+}
+
+void KeyboardHold::dropTyping(std::deque<HeldKey>& keys) {
+  std::set<std::uint32_t> dropped;
+  std::erase_if(keys, [&](const HeldKey& key) {
+    // Modifiers type nothing, and may still be held when the next key comes.
+    if (isModifierKeyCode(virtualKeyCode(key.scanCode))) return false;
+    if (!key.isDown) return dropped.erase(key.scanCode) > 0;
+    dropped.insert(key.scanCode);
+    return true;
+  });
 }
 
 std::deque<KeyboardHold::HeldKey> KeyboardHold::takeHeldKeys() {
@@ -79,8 +97,14 @@ std::deque<KeyboardHold::HeldKey> KeyboardHold::takeHeldKeys() {
   return keys;
 }
 
-void KeyboardHold::typeHeldKeys() {
-  for (const auto& key : takeHeldKeys()) {
+void KeyboardHold::typeHeldKeys(std::uint64_t window) {
+  auto keys = takeHeldKeys();
+  if (keys.empty()) return;
+  // Nobody can move the focus between the look at it and the last key.
+  XGrabServer(display_.get());
+  const auto focused = focusedWindow(display_.get());
+  if (!focused || focused->id != window) dropTyping(keys);
+  for (const auto& key : keys) {
     post({key.scanCode, key.isDown, PostedKeys::Origin::user, key.timestamp});
     if (key.isDown) {
       stillDown_.insert(key.scanCode);
@@ -88,6 +112,7 @@ void KeyboardHold::typeHeldKeys() {
       stillDown_.erase(key.scanCode);
     }
   }
+  XUngrabServer(display_.get());
   XFlush(display_.get());
 }
 

@@ -18,6 +18,10 @@ class KeyboardHold {
  public:
   /// `display` is used by this object alone; `posted` outlives it.
   KeyboardHold(XDisplay display, PostedKeys& posted);
+  KeyboardHold(const KeyboardHold&) = delete;
+  KeyboardHold& operator=(const KeyboardHold&) = delete;
+  /// Leaves no key down.
+  ~KeyboardHold();
 
   /// Whether another program has the keyboard to itself: a screen lock, a password prompt, an open
   /// menu. What is typed then is nobody's business.
@@ -30,7 +34,9 @@ class KeyboardHold {
   /// or Bounce Keys on they go on to the application: nobody types fast then, and the keys would
   /// have to pass these filters a second time.
   void holdBack();
-  void giveBack();
+  /// Types them into `window`. When another has got the focus meanwhile they are lost: they were
+  /// not meant for that one.
+  void giveBack(std::uint64_t window);
 
   /// Ends the automatic repeat of a key that is down: the X server goes on with it meanwhile.
   void endRepeat(std::uint32_t scanCode);
@@ -46,7 +52,8 @@ class KeyboardHold {
   };
 
   [[nodiscard]] std::deque<HeldKey> takeHeldKeys();
-  void typeHeldKeys();
+  void typeHeldKeys(std::uint64_t window);
+  static void dropTyping(std::deque<HeldKey>& keys);
   void post(const PostedKeys::Key& key);
 
   XDisplay display_;

@@ -64,15 +64,15 @@ class SpareKeys::Keyboard {
     return std::all_of(symbols, symbols + count, [](KeySym symbol) { return symbol == NoSymbol; });
   }
 
- private:
   /// No layout has such keys: an alphabetic one that gives the same in both cases.
   [[nodiscard]] bool isBoundByUs(std::uint32_t key) const {
     const auto code = static_cast<KeyCode>(key);
-    return XkbKeyNumGroups(map_, code) == 1 &&
+    return map_ != nullptr && XkbKeyNumGroups(map_, code) == 1 &&
            XkbKeyKeyTypeIndex(map_, code, 0) == XkbAlphabeticIndex &&
            XkbKeySym(map_, code, 0) == XkbKeySym(map_, code, 1);
   }
 
+ private:
   template <typename Condition>
   [[nodiscard]] std::vector<std::uint32_t> keysThat(Condition condition) const {
     std::vector<std::uint32_t> keys;
@@ -105,8 +105,12 @@ class SpareKeys::Keyboard {
 };
 
 SpareKeys::~SpareKeys() {
+  // Not those to which another layout has given a meaning of its own meanwhile.
+  const Keyboard keyboard(display_);
   std::vector<Binding> none;
-  for (const auto& [key, lastUse] : lastUses_) none.push_back({key, NoSymbol});
+  for (const auto& [key, lastUse] : lastUses_) {
+    if (keyboard.isBoundByUs(key)) none.push_back({key, NoSymbol});
+  }
   bind(none);
 }
 

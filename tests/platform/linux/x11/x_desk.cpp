@@ -14,6 +14,7 @@
 #include <ostream>
 #include <stdexcept>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 namespace mirvane {
@@ -124,7 +125,24 @@ void XDesk::filterKeys(bool isSlow, bool isBouncing) {
   XSync(hands_.get(), False);
 }
 
-void XDesk::send(const std::vector<int>& keys, bool isHardware) {
+void XDesk::send(const std::vector<int>& keys) {
+  fake(keys, true);
+  XSync(hands_.get(), False);
+}
+
+void XDesk::sendSoon(const std::vector<int>& keys) {
+  fake(keys, true);
+  XFlush(hands_.get());
+  constexpr std::chrono::milliseconds timeToTakeThem{5};
+  std::this_thread::sleep_for(timeToTakeThem);
+}
+
+void XDesk::post(const std::vector<int>& keys) {
+  fake(keys, false);
+  XSync(hands_.get(), False);
+}
+
+void XDesk::fake(const std::vector<int>& keys, bool isHardware) {
   for (const int key : keys) {
     const auto scanCode = static_cast<unsigned>(std::abs(key));
     if (isHardware) {
@@ -134,7 +152,6 @@ void XDesk::send(const std::vector<int>& keys, bool isHardware) {
       XTestFakeKeyEvent(hands_.get(), scanCode, key > 0, CurrentTime);
     }
   }
-  XSync(hands_.get(), False);
 }
 
 std::vector<SeenKey> XDesk::takeSent() {

@@ -57,9 +57,11 @@ class XDesk {
   void filterKeys(bool isSlow, bool isBouncing);
 
   /// Hardware keys in order, those below zero come up. The server has taken them on return.
-  void send(const std::vector<int>& keys) { send(keys, true); }
+  void send(const std::vector<int>& keys);
+  /// The same while others may have the server to themselves: it takes them as soon as it can.
+  void sendSoon(const std::vector<int>& keys);
   /// The same from another program, over XTEST.
-  void post(const std::vector<int>& keys) { send(keys, false); }
+  void post(const std::vector<int>& keys);
 
   /// The hardware's keys since the last call.
   [[nodiscard]] std::vector<SeenKey> takeSent();
@@ -77,7 +79,7 @@ class XDesk {
   [[nodiscard]] std::string takeText();
 
  private:
-  void send(const std::vector<int>& keys, bool isHardware);
+  void fake(const std::vector<int>& keys, bool isHardware);
   [[nodiscard]] std::uint64_t openWindow() const;
 
   XDisplay hands_;
