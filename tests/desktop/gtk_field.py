@@ -11,7 +11,7 @@ from gi.repository import Gdk, Gtk  # noqa: E402
 def parse_arguments():
     parser = argparse.ArgumentParser()
     parser.add_argument("--user-name", action="store_true", help="a field for it above")
-    parser.add_argument("--password", action="store_true", help="F2 or a click on its icon shows it")
+    parser.add_argument("--password", action="store_true", help="F2 or its icon shows it")
     parser.add_argument("--upper-case", action="store_true", help="whatever is typed")
     parser.add_argument("--max-length", type=int, default=0, metavar="CHARACTERS")
     parser.add_argument("file", type=argparse.FileType(encoding="utf-8"))

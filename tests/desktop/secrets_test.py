@@ -3,6 +3,7 @@
 import os
 import re
 import threading
+import time
 import unittest
 
 from gi.repository import Atspi
@@ -131,6 +132,7 @@ class ShownPasswords(SecretsTest):
         field = self.open(kind=kind.with_options("--password"))
         self.type(TYPED_HIDDEN)
         show(field)
+        time.sleep(1)  # a glance at it
         self.type(PASSWORD.removeprefix(TYPED_HIDDEN) + " ")
         field.await_text(PASSWORD + " ")  # it is in plain sight
         self.assert_unknown(PASSWORD)
