@@ -149,6 +149,17 @@ class ShownPasswords(SecretsTest):
         box = field.element.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
         self.keyboard.click(box.x + box.width - box.height // 2, box.y + box.height // 2)
 
+    def show_and_look_elsewhere(self, field):
+        self.show_by_key(field)
+        self.study.activate()
+        field.activate()
+
+    def test_field_of_gtk_that_is_left_meanwhile(self):
+        self.check(GtkField, self.show_and_look_elsewhere)
+
+    def test_field_of_qt_that_is_left_meanwhile(self):
+        self.check(QtField, self.show_and_look_elsewhere)
+
     def test_field_of_gtk_by_a_key(self):
         self.check(GtkField, self.show_by_key)
 
