@@ -48,6 +48,7 @@ class Bursts(ElsewhereTest):
     def assert_corrected_or_as_typed(self, shown, typed):
         log = re.findall(r'"(.*)" → "(.*)"  wordIndex=(\d+)', self.report())
         self.assertTrue(log, "nothing was corrected")
+        self.assertNotEqual(shown, typed, "nothing was replaced in the editor")
         corrections = {int(index): (word, correction) for word, correction, index in log}
         shown, typed = shown.split(" "), typed.split(" ")
         self.assertEqual(len(shown), len(typed), shown)
@@ -67,15 +68,9 @@ class Texts(ElsewhereTest):
     """What stands around the word, and the layouts it is typed with."""
 
     def check(self, before="", behind="", typed="teh lazy dgo and helo "):
-        editor = self.open_with(before, behind)
+        editor = self.open_at(before, behind)
         self.type(typed)
         self.assert_as_replayed(editor, before, behind)
-
-    def open_with(self, before, behind):
-        editor = self.open(before + behind)
-        editor.await_idle()  # large ones take a while to load
-        editor.place_caret(before)
-        return editor
 
     def test_emoji_and_combining_accents_before_the_word(self):
         self.check("😀 cafe\u0301 👩\u200d👩\u200d👧 𝒳 ")
@@ -88,7 +83,7 @@ class Texts(ElsewhereTest):
         if EDITOR.keeps_up_with_a_megabyte:
             self.check(lines, "\n" + lines[:-1])
         else:
-            editor = self.open_with(lines, "\n" + lines[:-1])
+            editor = self.open_at(lines, "\n" + lines[:-1])
             self.type("teh lazy dgo and helo ")
             typed = lines + "teh lazy dgo and helo \n" + lines[:-1]
             wait_for(lambda: editor.text() == typed, "the text as typed", patience=60)

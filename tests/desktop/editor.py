@@ -38,6 +38,11 @@ class Editor(Program):
             "HOME": self.home, "XDG_CONFIG_HOME": os.path.join(self.home, ".config"),
             **self.environment})
 
+    @classmethod
+    def with_options(cls, *options):
+        """The same program, started with these options too."""
+        return type(cls.__name__, (cls,), {"command": (*cls.command, *options)})
+
     def address_of_document(self):
         return self.path
 
@@ -143,20 +148,12 @@ class Kate(Editor):
 class GtkField(Editor):
     """One line; its window closes without a question."""
 
-    command = ("/usr/bin/python3", os.path.join(FOLDER, "gtk_field.py"), "text")
-
-
-class GtkPassword(GtkField):
-    command = (*GtkField.command[:-1], "password")
+    command = ("/usr/bin/python3", os.path.join(FOLDER, "gtk_field.py"))
 
 
 class QtField(Editor):
-    command = (os.path.join(BUILD, "qt-field"), "text")
+    command = (os.path.join(BUILD, "qt-field"),)
     unit = "utf-16-le"
-
-
-class QtPassword(QtField):
-    command = (*QtField.command[:-1], "password")
 
 
 class Terminal(Editor):

@@ -34,6 +34,13 @@ class ElsewhereTest(StudyTest):
         self.addCleanup(program.close)
         return program.await_ready()
 
+    def open_at(self, before, behind, kind=EDITOR):
+        """The same, with the caret between these two parts of its text."""
+        program = self.open(before + behind, kind)
+        program.await_idle()  # large texts take a while to load
+        program.place_caret(before)
+        return program
+
     def mistyped(self, text, seed):
         """What a participant with a tremor makes of a text."""
         events = read_recording(record(self.folder, 2, seed, "--text", text))

@@ -2,13 +2,19 @@
 
 import os
 import re
+import threading
+import time
 import unittest
 
-from editor import GtkPassword, Mousepad, QtPassword, Terminal
+from gi.repository import Atspi
+
+from editor import GtkField, Mousepad, QtField, Terminal
 from elsewhere_case import ElsewhereTest, raw_typed
 
 PASSWORD = "vqzjx7kwyq2"
 CONTROL = "xkcdwzqj"  # typed into an editor, so that a search that finds nothing would show
+TYPED_HIDDEN = "vqzj"  # of the password; the rest is typed once the field shows it
+SHOW_KEY = 68  # F2
 LEAST = 5  # characters of a password that no accident puts side by side
 
 
@@ -43,7 +49,7 @@ def holds(contents, secret):
     return any(part in content for content in contents for part in parts)
 
 
-class Secrets(ElsewhereTest):
+class SecretsTest(ElsewhereTest):
     def check_password(self, field):
         editor = self.open(kind=Mousepad)
         self.type(CONTROL + " ")
@@ -55,19 +61,25 @@ class Secrets(ElsewhereTest):
         editor.await_idle()  # keys are not heard before its focus is known
         self.type(CONTROL + " ")
         self.assert_unknown(PASSWORD)
-        self.assertEqual(raw_typed(self.report()), f"{CONTROL} {CONTROL} ")
-        self.assertFalse(holds(files_below(os.environ["HOME"]), PASSWORD))
-        self.assertTrue(holds(files_below(self.folder), CONTROL))
+        self.assert_unsaved(PASSWORD, f"{CONTROL} {CONTROL} ")
 
     def assert_unknown(self, secret):
         self.assertTrue(holds(memory_of(self.study.pid), CONTROL))
         self.assertFalse(holds(memory_of(self.study.pid), secret))
 
+    def assert_unsaved(self, secret, *typed):
+        """And that the report, which is saved here, holds one of these texts, typed elsewhere."""
+        self.assertIn(raw_typed(self.report()), typed)
+        self.assertFalse(holds(files_below(os.environ["HOME"]), secret))
+        self.assertTrue(holds(files_below(self.folder), CONTROL))
+
+
+class Secrets(SecretsTest):
     def test_password_in_a_field_of_gtk(self):
-        self.check_password(GtkPassword)
+        self.check_password(GtkField.with_options("--password"))
 
     def test_password_in_a_field_of_qt(self):
-        self.check_password(QtPassword)
+        self.check_password(QtField.with_options("--password"))
 
     def test_terminal_gets_what_is_typed_and_nobody_else_does(self):
         terminal = self.open(kind=Terminal)
@@ -77,6 +89,107 @@ class Secrets(ElsewhereTest):
         self.type("helo ")
         editor.await_text("hello ")
         self.assertEqual(raw_typed(self.report()), "helo ")
+
+
+class Forms(SecretsTest):
+    """A field for the user name and one for the password in the same window."""
+
+    def check(self, kind, stopped=0):
+        """With the program stopped for so many seconds from the Tab on."""
+        form = self.open(kind=kind.with_options("--user-name", "--password"))
+        name = f"teh {CONTROL} helo"
+        self.type(name)
+        if stopped:
+            form.stop()
+            threading.Timer(stopped, form.resume).start()
+        self.type("\t" + PASSWORD + " ", keys_per_second=12)
+        self.assert_unknown(PASSWORD)
+        self.assertIn(form.settled_text(), (f"{first} {CONTROL} {last}" for first in ("teh", "the")
+                                            for last in ("helo", "hello")))
+        hidden = form.focused_text_element().get_text_iface()
+        self.assertEqual(hidden.get_character_count(), len(PASSWORD + " "))
+        self.assert_unsaved(PASSWORD, name, name + "\t")
+
+    def test_form_of_gtk(self):
+        self.check(GtkField)
+
+    def test_form_of_qt(self):
+        self.check(QtField)
+
+    def test_form_of_gtk_that_hangs_at_the_tab_key(self):
+        self.check(GtkField, stopped=0.3)
+
+    def test_form_of_qt_that_hangs_at_the_tab_key(self):
+        self.check(QtField, stopped=0.3)
+
+
+class ShownPasswords(SecretsTest):
+    """The field shows the password when half of it is typed."""
+
+    def check(self, kind, show):
+        editor = self.open(kind=Mousepad)
+        self.type(CONTROL + " ")
+        field = self.open(kind=kind.with_options("--password"))
+        self.type(TYPED_HIDDEN)
+        show(field)
+        time.sleep(1)  # a glance at it
+        self.type(PASSWORD.removeprefix(TYPED_HIDDEN) + " ")
+        field.await_text(PASSWORD + " ")  # it is in plain sight
+        self.assert_unknown(PASSWORD)
+        editor.activate()
+        editor.await_idle()
+        self.type(CONTROL + " ")
+        self.assert_unknown(PASSWORD)
+        self.assert_unsaved(PASSWORD, f"{CONTROL} {CONTROL} ")
+
+    def show_by_key(self, _):
+        self.keyboard.strike(SHOW_KEY)
+
+    def show_by_click(self, field):
+        box = field.element.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+        self.keyboard.click(box.x + box.width - box.height // 2, box.y + box.height // 2)
+
+    def show_and_look_elsewhere(self, field):
+        self.show_by_key(field)
+        self.study.activate()
+        field.activate()
+
+    def test_field_of_gtk_that_is_left_meanwhile(self):
+        self.check(GtkField, self.show_and_look_elsewhere)
+
+    def test_field_of_qt_that_is_left_meanwhile(self):
+        self.check(QtField, self.show_and_look_elsewhere)
+
+    def test_field_of_gtk_by_a_key(self):
+        self.check(GtkField, self.show_by_key)
+
+    def test_field_of_gtk_by_a_click(self):
+        self.check(GtkField, self.show_by_click)
+
+    def test_field_of_qt_by_a_key(self):
+        self.check(QtField, self.show_by_key)
+
+    def test_field_of_qt_by_a_click(self):
+        self.check(QtField, self.show_by_click)
+
+
+class WaylandDisplay(SecretsTest):
+    """Where the X server knows nothing of the windows that are not its own."""
+
+    environment = {"WAYLAND_DISPLAY": "wayland-0"}
+
+    def test_study_works_and_hears_nothing_of_other_programs(self):
+        self.type("helo " + CONTROL + " ")
+        self.study.await_text(f"hello {CONTROL} ")
+        editor = self.open(kind=Mousepad)
+        self.type(PASSWORD + " helo ")
+        editor.await_text(PASSWORD + " helo ")
+        self.assert_unknown(PASSWORD)
+        self.assert_unsaved(PASSWORD, f"helo {CONTROL} ")
+
+
+class WaylandSession(WaylandDisplay):
+    environment = {"XDG_SESSION_TYPE": "wayland"}
 
 
 if __name__ == "__main__":

@@ -31,9 +31,11 @@ def without_times(report):
 
 
 class StudyTest(unittest.TestCase):
+    environment = {}  # of the study, beside that of the desktop
+
     def setUp(self):
         set_accessibility(True)
-        self.study = Study()
+        self.study = Study(self.environment)
         self.addCleanup(self.study.close)
         self.keyboard = self.study.keyboard
         self.folder = tempfile.mkdtemp(dir=os.environ["HOME"])

@@ -156,5 +156,64 @@ class Left(TroublesTest):
             editor.activate()
 
 
+class WindowComesUp(TroublesTest):
+    """Behind letters that were typed on the heels of a word's end, whose keys may wait then."""
+
+    letters = "xyz"
+    # Seconds from the last letter until the other window is asked for.
+    moments = (0, 0.002, 0.004, 0.008, 0.016, 0.032)
+
+    def setUp(self):
+        super().setUp()
+        self.other = self.open()
+
+    def type_on(self, moment):
+        """Ends a word, types the letters behind it and lets so many seconds pass."""
+        key = self.keyboard.press(" ")
+        self.keyboard.type(self.letters, keys_per_second=300)
+        time.sleep(moment)
+        return key
+
+    def test_in_front_of_the_editor(self):
+        editor = self.open()
+        for moment in 2 * self.moments:
+            self.check_in_front_of(editor, moment)
+
+    def test_in_front_of_an_editor_that_hangs(self):
+        for moment in 2 * self.moments:
+            editor = self.open()  # one that has hung is not waited for so long
+            self.check_in_front_of(editor, moment, hangs=True)
+            editor.kill()
+
+    def check_in_front_of(self, editor, moment, hangs=False):
+        before, before_in_other = editor.text(), self.other.text()
+        self.type("becuase")
+        if hangs:
+            editor.stop()
+        key = self.type_on(moment)
+        self.other.request_activation()
+        self.end_replacement(key)
+        editor.resume()
+        with self.subTest(moment=moment):
+            self.assertEqual(self.other.settled_text(), before_in_other)
+            # What still waited then is lost, and nothing else.
+            self.assertIn(editor.settled_text(), [f"{before}{word} {letters}"
+                                                  for word in ("becuase", "because")
+                                                  for letters in ("", self.letters)])
+        editor.activate()
+
+    def test_as_the_window_typed_into_goes(self):
+        for moment in self.moments:
+            for fields in (GtkField, QtField):
+                program = self.open(kind=fields)
+                before_in_other = self.other.text()
+                self.type("becuase")
+                key = self.type_on(moment)
+                program.close_window()
+                self.end_replacement(key)
+                with self.subTest(moment=moment, fields=fields.__name__):
+                    self.assertEqual(self.other.settled_text(), before_in_other)
+
+
 if __name__ == "__main__":
     unittest.main(verbosity=2)
