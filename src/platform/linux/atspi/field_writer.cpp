@@ -1,5 +1,6 @@
 #include "platform/linux/atspi/field_writer.h"
 
+#include <algorithm>
 #include <chrono>
 #include <iterator>
 #include <thread>
@@ -89,13 +90,13 @@ bool FieldWriter::replace(const std::shared_ptr<TextField>& field, const Place& 
 FieldWriter::Outcome FieldWriter::replaceEditable(const TextField& field,
                                                   const Replacement& replacement) {
   if (!field.isEditable()) return Outcome::unchanged;
-  const auto lengthBefore = field.length();
-  if (!lengthBefore) return Outcome::unchanged;
+  const auto length = field.length(), caret = field.caret();
+  if (!length || !caret) return Outcome::unchanged;
   // First the new, behind the old: an application that ignores the one must not lose the other.
   field.insert(replacement.range.end, replacement.text);
   const auto isInserted = field.holds(insertedRange(field, replacement), replacement.text);
   if (!isInserted) return Outcome::unknown;
-  if (!*isInserted) return takeBackRemainder(field, replacement, *lengthBefore);
+  if (!*isInserted) return takeBackRemainder(field, replacement, {*length, *caret});
   field.remove(replacement.range);
   const auto isDone = field.holds(replacedRange(field, replacement), replacement.text);
   return isDone.value_or(false) ? Outcome::done : Outcome::unknown;
@@ -103,16 +104,23 @@ FieldWriter::Outcome FieldWriter::replaceEditable(const TextField& field,
 
 FieldWriter::Outcome FieldWriter::takeBackRemainder(const TextField& field,
                                                     const Replacement& replacement,
-                                                    std::int64_t lengthBefore) {
+                                                    const State& before) {
   const auto length = field.length();
   if (!length) return Outcome::unknown;
-  if (*length <= lengthBefore) return Outcome::unchanged;
-  const auto start = replacement.range.end;
-  const TextField::Range added{start, start + *length - lengthBefore};
-  const auto remainder = field.text(added);
-  if (!remainder) return Outcome::unknown;
-  if (isRemainderOf(*remainder, replacement.text)) field.remove(added);
-  return Outcome::unchanged;
+  const auto& range = replacement.range;
+  const TextField::Range added{range.end,
+                               range.end + std::max<std::int64_t>(0, *length - before.length)};
+  if (added.end > added.start) {
+    const auto remainder = field.text(added);
+    if (!remainder) return Outcome::unknown;
+    if (!isRemainderOf(*remainder, replacement.text)) return Outcome::unchanged;
+    field.remove(added);
+  }
+  // Some move it along even if they insert nothing.
+  field.setCaret(before.caret);
+  const auto newLength = field.lengthOf(replacement.text);
+  const bool isCut = field.isLine() && added.end - added.start < newLength;
+  return isCut && newLength > range.end - range.start ? Outcome::refused : Outcome::unchanged;
 }
 
 /// The application hung in the middle: once it answers, either nothing has reached it or the old
@@ -156,9 +164,23 @@ FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const 
                              : typeOver(field, {range.start, *caret}, *old, timeLeft, [&] {
                                  return typist_.type(place.window, 0, text, isHeld);
                                });
-    if (isTyped) outcome = awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
+    if (!isTyped) return;
+    outcome = awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
+    if (field.isLineOfQt()) takeBackIfCut(field, place, range.start, {*old, text}, isHeld);
   });
   return outcome;
+}
+
+/// A line with a greatest length cuts the end off. Qt alone deals with keys before it answers: what
+/// it has not shown by then does not come.
+void FieldWriter::takeBackIfCut(const TextField& field, const Place& place, std::int64_t start,
+                                const Typed& typed, const std::function<bool()>& isHeld) {
+  const TextField::Range whole{start, start + field.lengthOf(typed.text)};
+  if (await([&] { return field.holds(whole, typed.text).value_or(false); }, longestTyping)) return;
+  const auto caret = field.caret();
+  const auto standing = caret ? field.text({start, *caret}) : std::nullopt;
+  if (!standing || !typed.text.starts_with(text::toUtf8(*standing))) return;
+  typist_.type(place.window, std::ssize(*standing), text::toUtf8(typed.old), isHeld);
 }
 
 bool FieldWriter::typeOver(const TextField& field, TextField::Range range,

@@ -46,15 +46,27 @@ class FieldWriter {
             const std::function<bool()>& mayType);
 
  private:
-  enum class Outcome { done, unchanged, unknown };
+  /// Unchanged as well where it is refused: no other way is to be tried then.
+  enum class Outcome { done, unchanged, refused, unknown };
+
+  struct State {
+    std::int64_t length = 0;
+    std::int64_t caret = 0;
+  };
+  struct Typed {
+    std::u16string old;
+    std::string text;
+  };
 
   Outcome replaceEditable(const TextField& field, const Replacement& replacement);
   static Outcome takeBackRemainder(const TextField& field, const Replacement& replacement,
-                                   std::int64_t lengthBefore);
+                                   const State& before);
   void finishLater(const std::shared_ptr<TextField>& field, const Replacement& replacement,
                    Clock::time_point deadline);
   Outcome replaceByTyping(const TextField& field, const Place& place,
                           const Replacement& replacement);
+  void takeBackIfCut(const TextField& field, const Place& place, std::int64_t start,
+                     const Typed& typed, const std::function<bool()>& isHeld);
   static bool typeOver(const TextField& field, TextField::Range range, const std::u16string& old,
                        const DesktopInput::TimeLeft& timeLeft, const std::function<bool()>& type);
 

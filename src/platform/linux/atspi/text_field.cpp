@@ -49,8 +49,10 @@ TextField::TextField(AtspiAccessible* accessible, AtspiAccessible* focused, Text
   const auto has = [&](AtspiStateType state) {
     return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
   };
-  const bool isLineOfQt = unit_ == TextUnit::utf16 && !has(ATSPI_STATE_MULTI_LINE);
-  if (has(ATSPI_STATE_EDITABLE) && !isLineOfQt) {
+  // Qt says of several lines alone how many they are.
+  isLine_ =
+      has(ATSPI_STATE_SINGLE_LINE) || (unit_ == TextUnit::utf16 && !has(ATSPI_STATE_MULTI_LINE));
+  if (has(ATSPI_STATE_EDITABLE) && !isLineOfQt()) {
     editableText_.reset(atspi_accessible_get_editable_text_iface(accessible_.get()));
   }
 }

@@ -61,6 +61,10 @@ class TextField {
   /// as a whole then, with the caret at its end.
   [[nodiscard]] bool isEditable() const { return editableText_ != nullptr && hasText(); }
 
+  /// Whether its text is a single line, which may have a greatest length.
+  [[nodiscard]] bool isLine() const { return isLine_; }
+  [[nodiscard]] bool isLineOfQt() const { return isLine_ && unit_ == TextUnit::utf16; }
+
   /// In the application's unit; absent when it does not answer.
   [[nodiscard]] std::optional<std::int64_t> length() const;
 
@@ -103,6 +107,7 @@ class TextField {
   GObjectPointer<AtspiEditableText> editableText_;
   AtspiRole role_;
   bool wasPassword_ = false;
+  bool isLine_ = false;
   TextUnit unit_;
 };
 
