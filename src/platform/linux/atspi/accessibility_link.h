@@ -21,17 +21,27 @@ class AccessibilityLink {
     isInBudget_ = true;
     budgetEnd_ = Clock::now() + longestWait;
   }
-  void endBudget() { isInBudget_ = false; }
+  void endBudget() {
+    isInBudget_ = false;
+    lastAnswer_ = {};
+  }
+
+  /// Whether a question would be put at all now.
+  [[nodiscard]] bool isOpen() {
+    const auto now = Clock::now();
+    if (!isInBudget_ && now > lastAnswer_ + breath) budgetEnd_ = now + longestWait;
+    return now >= mutedUntil_ && now < budgetEnd_;
+  }
 
   template <typename Answer>
   [[nodiscard]] std::optional<Answer> ask(std::function<Answer()> question) {
+    if (!isOpen()) return std::nullopt;
     const auto now = Clock::now();
-    if (!isInBudget_ && now > lastAnswer_ + breath) budgetEnd_ = now + longestWait;
-    if (now < mutedUntil_ || now >= budgetEnd_) return std::nullopt;
     auto answer = thread_.ask<Answer>(
         std::move(question), std::chrono::ceil<std::chrono::milliseconds>(budgetEnd_ - now));
     lastAnswer_ = Clock::now();
-    if (!answer) mutedUntil_ = lastAnswer_ + pause;
+    // One that had hardly any time left is no sign of a program that hangs.
+    if (!answer && lastAnswer_ - now >= longestWait / 2) mutedUntil_ = lastAnswer_ + pause;
     return answer;
   }
 

@@ -69,11 +69,6 @@ bool isRemainderOf(const std::u16string& remainder, const std::string& inserted)
   return text::lowercased(inserted).starts_with(text::lowercased(text::toUtf8(remainder)));
 }
 
-bool awaitText(const TextField& field, const Replacement& replacement) {
-  const auto range = replacedRange(field, replacement);
-  return await([&] { return field.holds(range, replacement.text).value_or(false); }, longestTyping);
-}
-
 }  // namespace
 
 bool FieldWriter::replace(const std::shared_ptr<TextField>& field, const Place& place,
@@ -113,8 +108,10 @@ FieldWriter::Outcome FieldWriter::takeBackRemainder(const TextField& field,
   if (added.end > added.start) {
     const auto remainder = field.text(added);
     if (!remainder) return Outcome::unknown;
-    if (!isRemainderOf(*remainder, replacement.text)) return Outcome::unchanged;
+    // What it is nobody knows: it stays, and nothing is built on it.
+    if (!isRemainderOf(*remainder, replacement.text)) return Outcome::unknown;
     field.remove(added);
+    if (field.length() != before.length) return Outcome::unknown;
   }
   // Some move it along even if they insert nothing.
   field.setCaret(before.caret);
@@ -147,47 +144,79 @@ FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const 
                                                   const Replacement& replacement) {
   auto outcome = Outcome::unchanged;
   input_.withKeysHeldBack(place.hold, [&](const DesktopInput::TimeLeft& timeLeft) {
+    const auto typed = keysFor(field, replacement);
+    if (!typed) return;
     const auto isHeld = [&] { return timeLeft() > 0ms; };
-    // Up to the caret, so that it ends where it was: what the participant types next goes there.
-    const auto caret = field.caret();
-    const auto& range = replacement.range;
-    if (!caret || *caret < range.end || *caret - range.end > longestTail) return;
-    const auto old = field.text({range.start, *caret});
-    if (!old || !old->starts_with(replacement.replaced) || holdsEmbedded(*old)) return;
-    // The first Backspace would delete that, the rest of a word that the program proposes.
-    if (field.hasSelection()) return;
-    const auto tail = old->substr(replacement.replaced.size());
-    const auto text = replacement.text + text::toUtf8(tail);
     // Keys arrive in order, however late the application deals with them; a selection does not.
-    const bool isTyped = isTakenBackByKeys(*old, tail)
-                             ? typist_.type(place.window, std::ssize(*old), text, isHeld)
-                             : typeOver(field, {range.start, *caret}, *old, timeLeft, [&] {
+    const bool isTyped = typed->isByBackspaces
+                             ? typeAnew(place, *typed, isHeld)
+                             : typeOver(field, *typed, timeLeft, [&] {
+                                 const auto text = text::toUtf8(typed->text);
                                  return typist_.type(place.window, 0, text, isHeld);
                                });
     if (!isTyped) return;
-    outcome = awaitText(field, replacement) ? Outcome::done : Outcome::unknown;
-    if (field.isLineOfQt()) takeBackIfCut(field, place, range.start, {*old, text}, isHeld);
+    const bool isDone = await([&] { return isShown(field, *typed); }, longestTyping);
+    outcome = isDone ? Outcome::done : Outcome::unknown;
+    if (!isDone && field.isLineOfQt()) takeBackCut(field, place, *typed, isHeld);
   });
   return outcome;
 }
 
-/// A line with a greatest length cuts the end off. Qt alone deals with keys before it answers: what
-/// it has not shown by then does not come.
-void FieldWriter::takeBackIfCut(const TextField& field, const Place& place, std::int64_t start,
-                                const Typed& typed, const std::function<bool()>& isHeld) {
-  const TextField::Range whole{start, start + field.lengthOf(typed.text)};
-  if (await([&] { return field.holds(whole, typed.text).value_or(false); }, longestTyping)) return;
+/// Absent where no keys can replace it.
+std::optional<FieldWriter::Typed> FieldWriter::keysFor(const TextField& field,
+                                                       const Replacement& replacement) {
+  // Up to the caret, so that it ends where it was: what the participant types next goes there.
   const auto caret = field.caret();
-  const auto standing = caret ? field.text({start, *caret}) : std::nullopt;
-  if (!standing || !typed.text.starts_with(text::toUtf8(*standing))) return;
-  typist_.type(place.window, std::ssize(*standing), text::toUtf8(typed.old), isHeld);
+  const auto& range = replacement.range;
+  if (!caret || *caret < range.end || *caret - range.end > longestTail) return std::nullopt;
+  const auto old = field.text({range.start, *caret});
+  if (!old || !old->starts_with(replacement.replaced) || holdsEmbedded(*old)) return std::nullopt;
+  // The first Backspace would delete that, the rest of a word that the program proposes.
+  if (field.hasSelection()) return std::nullopt;
+  const auto tail = old->substr(replacement.replaced.size());
+  return Typed{{range.start, *caret},
+               *old,
+               text::toUtf16(replacement.text) + tail,
+               isTakenBackByKeys(*old, tail)};
 }
 
-bool FieldWriter::typeOver(const TextField& field, TextField::Range range,
-                           const std::u16string& old, const DesktopInput::TimeLeft& timeLeft,
+bool FieldWriter::typeAnew(const Place& place, const Typed& typed,
+                           const std::function<bool()>& isHeld) {
+  // What both begin with stays: fewer keys, and no moment before the end looks like it.
+  const auto [oldEnd, newEnd] =
+      std::mismatch(typed.old.begin(), typed.old.end(), typed.text.begin(), typed.text.end());
+  return typist_.type(place.window, std::distance(oldEnd, typed.old.end()),
+                      text::toUtf8(std::u16string(newEnd, typed.text.end())), isHeld);
+}
+
+/// Whether all keys have had their effect: nobody may move the caret before.
+bool FieldWriter::isShown(const TextField& field, const Typed& typed) {
+  const auto text = text::toUtf8(typed.text);
+  const TextField::Range whole{typed.range.start, typed.range.start + field.lengthOf(text)};
+  const auto caret = field.caret();
+  // Behind a line end an editor may have put something itself.
+  const bool isBehind =
+      caret &&
+      (typed.isByBackspaces ? *caret == whole.end : *caret >= whole.end && !field.hasSelection());
+  return isBehind && field.holds(whole, text).value_or(false);
+}
+
+/// A line with a greatest length cuts the end off. Qt alone deals with keys before it answers: what
+/// it has not shown by now does not come.
+void FieldWriter::takeBackCut(const TextField& field, const Place& place, const Typed& typed,
+                              const std::function<bool()>& isHeld) {
+  const auto caret = field.caret();
+  const auto standing = caret ? field.text({typed.range.start, *caret}) : std::nullopt;
+  if (!standing || !typed.text.starts_with(*standing)) return;
+  typeAnew(place, {typed.range, *standing, typed.old, true}, isHeld);
+}
+
+bool FieldWriter::typeOver(const TextField& field, const Typed& typed,
+                           const DesktopInput::TimeLeft& timeLeft,
                            const std::function<bool()>& type) {
+  const auto& range = typed.range;
   // Some count the text in one unit and select in another.
-  const bool isCountedAlike = field.lengthOf(text::toUtf8(old)) == range.end - range.start &&
+  const bool isCountedAlike = field.lengthOf(text::toUtf8(typed.old)) == range.end - range.start &&
                               !field.hasPairsBefore(range.end);
   const auto isTime = [&] { return timeLeft() >= timeForSelection; };
   if (!isCountedAlike || !isTime() || field.select(range) == false) return false;
@@ -199,7 +228,7 @@ bool FieldWriter::typeOver(const TextField& field, TextField::Range range,
   }
   const bool isTyped = isMade && type();
   // Also a selection that is not known to have been made: it may come late.
-  if (!isTyped) field.setCaret(range.end);
+  if (!isTyped && timeLeft() > 0ms) field.setCaret(range.end);
   return isTyped;
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/linux/atspi/accessibility_thread.h"
@@ -53,9 +54,12 @@ class FieldWriter {
     std::int64_t length = 0;
     std::int64_t caret = 0;
   };
+  /// A replacement by keys, up to the caret.
   struct Typed {
+    TextField::Range range;
     std::u16string old;
-    std::string text;
+    std::u16string text;
+    bool isByBackspaces = true;  ///< else over a selection
   };
 
   Outcome replaceEditable(const TextField& field, const Replacement& replacement);
@@ -65,10 +69,14 @@ class FieldWriter {
                    Clock::time_point deadline);
   Outcome replaceByTyping(const TextField& field, const Place& place,
                           const Replacement& replacement);
-  void takeBackIfCut(const TextField& field, const Place& place, std::int64_t start,
-                     const Typed& typed, const std::function<bool()>& isHeld);
-  static bool typeOver(const TextField& field, TextField::Range range, const std::u16string& old,
+  [[nodiscard]] static std::optional<Typed> keysFor(const TextField& field,
+                                                    const Replacement& replacement);
+  bool typeAnew(const Place& place, const Typed& typed, const std::function<bool()>& isHeld);
+  static bool typeOver(const TextField& field, const Typed& typed,
                        const DesktopInput::TimeLeft& timeLeft, const std::function<bool()>& type);
+  static bool isShown(const TextField& field, const Typed& typed);
+  void takeBackCut(const TextField& field, const Place& place, const Typed& typed,
+                   const std::function<bool()>& isHeld);
 
   AccessibilityThread& thread_;
   DesktopInput& input_;

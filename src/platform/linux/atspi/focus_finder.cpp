@@ -21,7 +21,8 @@ constexpr int mostElements = 2000;
 constexpr std::chrono::milliseconds longestSearch{150};
 constexpr std::chrono::milliseconds longestQuietSearch{2000};
 
-constexpr std::size_t mostKept = 16;
+/// Pages with more of them are rare.
+constexpr std::size_t mostPasswords = 16;
 constexpr std::chrono::milliseconds slowAnswer{180};
 constexpr std::chrono::milliseconds pauseLength{300};
 constexpr std::chrono::milliseconds trustInSurrounding{1000};
@@ -156,7 +157,7 @@ bool FocusFinder::isUnanswered(int processId) const {
 
 void FocusFinder::clear() {
   last_.reset();
-  kept_.clear();
+  passwords_.clear();
   focused_.reset();
   changed_.reset();
   applications_.clear();
@@ -172,16 +173,22 @@ void FocusFinder::noteChanged(AtspiAccessible* accessible) {
   changed_ = newReference(accessible);
 }
 
-void FocusFinder::keep(const std::shared_ptr<TextField>& field) {
-  if (std::find(kept_.begin(), kept_.end(), field) != kept_.end()) return;
-  kept_.push_back(field);
-  if (kept_.size() > mostKept) kept_.pop_front();
+void FocusFinder::notePassword(const std::shared_ptr<TextField>& field) {
+  if (!passwords_.empty() && passwords_.back() == field) return;
+  std::erase(passwords_, field);
+  passwords_.push_back(field);
+  if (passwords_.size() > mostPasswords) passwords_.pop_front();
+}
+
+bool FocusFinder::isKnownPassword(AtspiAccessible* accessible) const {
+  return std::any_of(passwords_.begin(), passwords_.end(),
+                     [&](const auto& field) { return field->isOf(accessible); });
 }
 
 std::shared_ptr<TextField> FocusFinder::makeField(Accessible accessible) {
-  const auto known = std::find_if(kept_.begin(), kept_.end(),
+  const auto known = std::find_if(passwords_.begin(), passwords_.end(),
                                   [&](const auto& field) { return field->isOf(accessible.get()); });
-  if (known != kept_.end()) return *known;
+  if (known != passwords_.end()) return *known;
   return share(std::make_unique<TextField>(std::move(accessible)));
 }
 

@@ -40,8 +40,9 @@ class FocusFinder {
   /// whether it takes part in accessibility.
   [[nodiscard]] bool isUnanswered(int processId) const;
 
-  /// Keeps what is known of a field, which is found again when the focus comes back to it.
-  void keep(const std::shared_ptr<TextField>& field);
+  /// Remembers that a field takes a password, also while it shows it.
+  void notePassword(const std::shared_ptr<TextField>& field);
+  [[nodiscard]] bool isKnownPassword(AtspiAccessible* accessible) const;
 
   /// Forgets everything.
   void clear();
@@ -77,7 +78,7 @@ class FocusFinder {
   AccessibilityThread& thread_;
   std::unordered_map<int, GObjectPointer<AtspiAccessible>> applications_;
   std::shared_ptr<TextField> last_;
-  std::deque<std::shared_ptr<TextField>> kept_;
+  std::deque<std::shared_ptr<TextField>> passwords_;
   int lastProcessId_ = 0;
   std::chrono::steady_clock::time_point searchedAt_{};
   Pause pause_;

@@ -105,7 +105,8 @@ void FocusWatch::noteFocus(const AtspiEvent& event) {
   if (applicationName(event.source) != inFront_) return;
   const auto role = atspi_accessible_get_role(event.source, nullptr);
   // What does not answer may be one.
-  setSecure(role == ATSPI_ROLE_PASSWORD_TEXT || role == ATSPI_ROLE_INVALID);
+  setSecure(role == ATSPI_ROLE_PASSWORD_TEXT || role == ATSPI_ROLE_INVALID ||
+            finder_.isKnownPassword(event.source));
 }
 
 void FocusWatch::setSecure(bool isSecure) {
@@ -130,7 +131,7 @@ std::shared_ptr<TextField> FocusWatch::focusedField(int processId) {
   if (field) {
     field->lookAtRole();
     setSecure(field->isPassword() || field->isTerminal());
-    if (field->isPassword()) finder_.keep(field);
+    if (field->isKnownPassword()) finder_.notePassword(field);
     hasSeenFocus_ = true;
   } else {
     lastUnanswered_ = Clock::now();

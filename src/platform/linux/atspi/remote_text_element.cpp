@@ -66,14 +66,15 @@ std::optional<std::u16string> RemoteTextElement::expectedText(Utf16Range range) 
 void RemoteTextElement::setSelectedText(std::string_view text) {
   if (!selection_) return;
   const auto replaced = expectedText(*selection_);
-  if (!replaced) return;
+  if (!replaced || !services_.link.isOpen()) return;
   const FieldWriter::Replacement replacement{inField(*selection_), *replaced, std::string(text)};
   isStale_ = true;
   const auto isDone = services_.link.ask<bool>(
       [field = field_, place = place_, replacement, &writer = services_.writer] {
         return writer.replace(field, place, replacement);
       });
-  if (isDone.value_or(false)) written_ = Written{selection_->location, text::toUtf16(text)};
+  // What takes longer to answer is mostly done: the field is compared before it is written again.
+  if (isDone.value_or(true)) written_ = Written{selection_->location, text::toUtf16(text)};
 }
 
 }  // namespace mirvane

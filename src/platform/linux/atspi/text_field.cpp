@@ -58,7 +58,7 @@ TextField::TextField(AtspiAccessible* accessible, AtspiAccessible* focused, Text
 }
 
 void TextField::lookAtRole() {
-  wasPassword_ = wasPassword_ || role_ == ATSPI_ROLE_PASSWORD_TEXT;
+  wasPassword_ = isKnownPassword();
   role_ = atspi_accessible_get_role(accessible_.get(), nullptr);
 }
 

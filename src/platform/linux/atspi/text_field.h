@@ -45,10 +45,12 @@ class TextField {
   [[nodiscard]] bool isFocused() const;
   /// As of the last look; true as well when the application did not say. A field may become one
   /// for a password while it has the focus, and remains one when it shows the password.
-  [[nodiscard]] bool isPassword() const {
-    return wasPassword_ || role_ == ATSPI_ROLE_PASSWORD_TEXT || role_ == ATSPI_ROLE_INVALID;
-  }
+  [[nodiscard]] bool isPassword() const { return isKnownPassword() || role_ == ATSPI_ROLE_INVALID; }
   void lookAtRole();
+  /// Whether it has been one, not only left that open.
+  [[nodiscard]] bool isKnownPassword() const {
+    return wasPassword_ || role_ == ATSPI_ROLE_PASSWORD_TEXT;
+  }
   [[nodiscard]] bool isOf(AtspiAccessible* accessible) const {
     return accessible_.get() == accessible;
   }

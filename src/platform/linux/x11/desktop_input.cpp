@@ -171,7 +171,7 @@ class DesktopInput::Thread {
     if (!window || window->id == activeWindowId_) return;
     activeWindowId_ = window->id;
     watch_.stopRepeating();
-    if (isHolding() && !isFocused(heldWindow_)) endHolds();
+    if (isHoldingKeys() && !isFocused(display_.get(), heldWindow_)) endHolds();
     callbacks_.onActivated(*window);
   }
 
@@ -215,6 +215,7 @@ class DesktopInput::Thread {
   }
 
   KeyHold startHold(std::uint64_t window) {
+    if (isHoldingKeys() && window != heldWindow_) endHolds();
     hold_.holdBack();
     heldWindow_ = window;
     holdingEnd_ = uptimeMilliseconds() + longestHold;
@@ -228,18 +229,12 @@ class DesktopInput::Thread {
     holdingEnd_.reset();
   }
 
-  /// Its window is no longer in front.
   void endHolds() {
     endHoldForTyping();
     endHold();
   }
 
-  [[nodiscard]] bool isHolding() const { return holdingEnd_ || typingEnd_ > 0; }
-
-  [[nodiscard]] bool isFocused(std::uint64_t window) const {
-    const auto focused = focusedWindow(display_.get());
-    return focused && focused->id == window;
-  }
+  [[nodiscard]] bool isHoldingKeys() const { return holdingEnd_ || typingEnd_ > 0; }
 
   Callbacks callbacks_;
   XDisplay display_;

@@ -164,6 +164,11 @@ std::optional<DesktopWindow> focusedWindow(_XDisplay* display) {
   return described(display, focused);
 }
 
+bool isFocused(Display* display, std::uint64_t window) {
+  const auto focused = focusedWindow(display);
+  return focused && focused->id == window;
+}
+
 std::optional<DesktopWindow> windowUnderPointer(_XDisplay* display) {
   Window window = DefaultRootWindow(display), root = None, child = None;
   int rootX = 0, rootY = 0, x = 0, y = 0;

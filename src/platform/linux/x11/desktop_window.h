@@ -30,6 +30,9 @@ struct DesktopWindow {
 /// The window that gets the keys; absent when no window has the focus.
 [[nodiscard]] std::optional<DesktopWindow> focusedWindow(_XDisplay* display);
 
+/// Whether it is this window that gets the keys.
+[[nodiscard]] bool isFocused(_XDisplay* display, std::uint64_t window);
+
 /// The top window under the pointer; absent over the bare desktop.
 [[nodiscard]] std::optional<DesktopWindow> windowUnderPointer(_XDisplay* display);
 

@@ -48,11 +48,6 @@ bool KeyTypist::canType() const {
          !readKeyControls(display_.get()).isSlowKeysOn;
 }
 
-bool KeyTypist::isFocused(std::uint64_t window) const {
-  const auto focused = focusedWindow(display_.get());
-  return focused && focused->id == window;
-}
-
 bool KeyTypist::type(std::uint64_t window, std::int64_t deleteCount, std::string_view text,
                      const std::function<bool()>& mayType) {
   const auto symbols = symbolsOf(deleteCount, text);
@@ -62,7 +57,8 @@ bool KeyTypist::type(std::uint64_t window, std::int64_t deleteCount, std::string
   if (keys.size() != symbols.size()) return false;
   // Nobody can move the focus, or press a key, between the look at it and the last key.
   XGrabServer(display_.get());
-  const bool isUnchanged = isFocused(window) && modifiersAndGroup(display_.get()) == state;
+  const bool isUnchanged =
+      isFocused(display_.get(), window) && modifiersAndGroup(display_.get()) == state;
   const bool isTyped = isUnchanged && mayType();
   if (isTyped) {
     for (const auto key : keys) {

@@ -31,7 +31,6 @@ class KeyTypist {
             const std::function<bool()>& mayType);
 
  private:
-  [[nodiscard]] bool isFocused(std::uint64_t window) const;
   void post(std::uint32_t scanCode, bool isDown);
 
   XDisplay display_;

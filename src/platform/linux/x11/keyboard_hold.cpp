@@ -102,8 +102,7 @@ void KeyboardHold::typeHeldKeys(std::uint64_t window) {
   if (keys.empty()) return;
   // Nobody can move the focus between the look at it and the last key.
   XGrabServer(display_.get());
-  const auto focused = focusedWindow(display_.get());
-  if (!focused || focused->id != window) dropTyping(keys);
+  if (!isFocused(display_.get(), window)) dropTyping(keys);
   for (const auto& key : keys) {
     post({key.scanCode, key.isDown, PostedKeys::Origin::user, key.timestamp});
     if (key.isDown) {

@@ -128,7 +128,7 @@ void KeyboardWatch::handlePosted(const PostedKeys::Key& key, double milliseconds
     ownDown_.insert(key.scanCode);
   } else {
     ownDown_.erase(key.scanCode);
-    (void)filters_.release(key.scanCode, milliseconds);
+    if (key.origin == PostedKeys::Origin::own) (void)filters_.release(key.scanCode, milliseconds);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <limits>
 #include <thread>
 #include <tuple>
 #include <utility>
@@ -161,12 +162,15 @@ std::vector<std::uint32_t> SpareKeys::keysFor(const std::vector<unsigned long>& 
 
 void SpareKeys::bind(const std::vector<Binding>& bindings) {
   if (bindings.empty()) return;
+  // The keys between them are written as they are, which nobody is to change meanwhile.
+  XGrabServer(display_);
   bindOn(XkbUseCoreKbd, bindings);
   // A keyboard whose keys are held back is apart from the core keyboard, and would bring its own
   // map along when it comes back.
   for (const int keyboard : allKeyboards(display_)) {
     bindOn(static_cast<unsigned>(keyboard), bindings);
   }
+  XUngrabServer(display_);
   XSync(display_, False);
 }
 
@@ -176,7 +180,7 @@ void SpareKeys::bindOn(unsigned device, const std::vector<Binding>& bindings) {
   // A type that knows of Shift and Caps Lock and gives the same symbol for all: without one,
   // applications would apply them by themselves.
   int type = XkbAlphabeticIndex;
-  auto [first, last] = std::pair(bindings.front().key, bindings.front().key);
+  std::uint32_t first = std::numeric_limits<KeyCode>::max(), last = 0;
   for (const auto& [key, symbol] : bindings) {
     if (XkbChangeTypesOfKey(map, static_cast<int>(key), 1, XkbGroup1Mask, &type, nullptr) !=
         Success) {
@@ -187,11 +191,13 @@ void SpareKeys::bindOn(unsigned device, const std::vector<Binding>& bindings) {
     first = std::min(first, key);
     last = std::max(last, key);
   }
-  XkbMapChangesRec changes{};
-  changes.changed = XkbKeySymsMask;
-  changes.first_key_sym = static_cast<KeyCode>(first);
-  changes.num_key_syms = static_cast<unsigned char>(last - first + 1);
-  XkbChangeMap(display_, map, &changes);
+  if (first <= last) {
+    XkbMapChangesRec changes{};
+    changes.changed = XkbKeySymsMask;
+    changes.first_key_sym = static_cast<KeyCode>(first);
+    changes.num_key_syms = static_cast<unsigned char>(last - first + 1);
+    XkbChangeMap(display_, map, &changes);
+  }
   XkbFreeKeyboard(map, XkbAllComponentsMask, True);
 }
 
