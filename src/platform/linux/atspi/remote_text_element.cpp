@@ -48,7 +48,7 @@ std::optional<Utf16Range> RemoteTextElement::selectedTextRange() const {
 
 void RemoteTextElement::setSelectedTextRange(Utf16Range range) {
   selection_ = range;
-  if (range.length > 0 || !refresh()) return;
+  if (range.length > 0 || std::exchange(wasRefused_, false) || !refresh()) return;
   const auto caret = inField(range).start;
   isStale_ = true;
   (void)services_.link.ask<bool>([field = field_, caret] {
@@ -64,6 +64,7 @@ std::optional<std::u16string> RemoteTextElement::expectedText(Utf16Range range) 
 }
 
 void RemoteTextElement::setSelectedText(std::string_view text) {
+  wasRefused_ = true;
   if (!selection_) return;
   const auto replaced = expectedText(*selection_);
   if (!replaced || !services_.link.isOpen()) return;
@@ -73,6 +74,7 @@ void RemoteTextElement::setSelectedText(std::string_view text) {
       [field = field_, place = place_, replacement, &writer = services_.writer] {
         return writer.replace(field, place, replacement);
       });
+  wasRefused_ = !isDone.value_or(false);
   // What takes longer to answer is mostly done: the field is compared before it is written again.
   if (isDone.value_or(true)) written_ = Written{selection_->location, text::toUtf16(text)};
 }

@@ -13,7 +13,8 @@ namespace mirvane {
 /// seen, until something is written; a range keeps its meaning for the life of the element.
 ///
 /// A selection that is not empty is only remembered, and made when the text for it comes: not every
-/// application can select.
+/// application can select. A caret that is set behind a text which was refused, or is still being
+/// typed, stays where it is.
 class RemoteTextElement : public AccessibilityElement {
  public:
   struct Services {
@@ -52,6 +53,7 @@ class RemoteTextElement : public AccessibilityElement {
   mutable bool isStale_ = false;
   std::optional<Utf16Range> selection_;
   std::optional<Written> written_;
+  bool wasRefused_ = false;
 };
 
 }  // namespace mirvane
