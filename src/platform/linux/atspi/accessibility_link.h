@@ -16,10 +16,11 @@ class AccessibilityLink {
  public:
   explicit AccessibilityLink(AccessibilityThread& thread) : thread_(thread) {}
 
-  /// All questions until `endBudget` together may take a tenth of a second.
+  /// All questions until `endBudget`, those for a key, may take a tenth of a second together;
+  /// other pieces of work, a click on a suggestion for one, 150 ms.
   void beginBudget() {
     isInBudget_ = true;
-    budgetEnd_ = Clock::now() + longestWait;
+    budgetEnd_ = Clock::now() + longestKey;
   }
   void endBudget() {
     isInBudget_ = false;
@@ -29,7 +30,7 @@ class AccessibilityLink {
   /// Whether a question would be put at all now.
   [[nodiscard]] bool isOpen() {
     const auto now = Clock::now();
-    if (!isInBudget_ && now > lastAnswer_ + breath) budgetEnd_ = now + longestWait;
+    if (!isInBudget_ && now > lastAnswer_ + breath) budgetEnd_ = now + longestWork;
     return now >= mutedUntil_ && now < budgetEnd_;
   }
 
@@ -41,7 +42,7 @@ class AccessibilityLink {
         std::move(question), std::chrono::ceil<std::chrono::milliseconds>(budgetEnd_ - now));
     lastAnswer_ = Clock::now();
     // One that had hardly any time left is no sign of a program that hangs.
-    if (!answer && lastAnswer_ - now >= longestWait / 2) mutedUntil_ = lastAnswer_ + pause;
+    if (!answer && lastAnswer_ - now >= longestKey / 2) mutedUntil_ = lastAnswer_ + pause;
     return answer;
   }
 
@@ -50,7 +51,8 @@ class AccessibilityLink {
 
  private:
   using Clock = AccessibilityThread::Clock;
-  static constexpr std::chrono::milliseconds longestWait{100};
+  static constexpr std::chrono::milliseconds longestKey{100};
+  static constexpr std::chrono::milliseconds longestWork{150};
   static constexpr std::chrono::milliseconds pause{1000};
   /// Questions that follow each other sooner belong to one piece of work, which has one budget.
   static constexpr std::chrono::milliseconds breath{20};
