@@ -130,6 +130,8 @@ std::shared_ptr<TextField> FocusWatch::focusedField(int processId) {
   // An application that does not answer may still have its password field in front.
   if (field) {
     field->lookAtRole();
+    // What was typed into a line that nobody had looked at may be a password, which it shows now.
+    if (!hasSeenFocus_ && hasUnseenKeys_ && field->isLine()) field->treatAsPassword();
     setSecure(field->isPassword() || field->isTerminal());
     if (field->isKnownPassword()) finder_.notePassword(field);
     hasSeenFocus_ = true;
@@ -147,12 +149,17 @@ TextAtCaret FocusWatch::focusedText(int processId) {
 KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
   const auto* const application = finder_.nameOf(processId);
   const auto effect = expectEffect(application, key);
+  enter(application);
+  // A line that is looked at so late may show by now what it hid.
+  if (!hasSeenFocus_ && Clock::now() > key.deliveredAt + longestEffect) hasUnseenKeys_ = true;
   auto field = focusedField(processId);
+  const bool isUnanswered = field == nullptr && finder_.isUnanswered(processId);
   // The last key of a password may have moved the focus on.
   if (wasSecure(key.pressedAt)) return {true, {}};
   // What does not answer, or not yet, may have a password field in front.
-  const bool isUnknown = application != nullptr && !hasSeenFocus_;
-  if (!field) return {isUnknown || finder_.isUnanswered(processId), {}};
+  const bool isUnknown = !hasSeenFocus_ && (application != nullptr || isUnanswered);
+  hasUnseenKeys_ = hasUnseenKeys_ || isUnknown;
+  if (!field) return {isUnknown || isUnanswered, {}};
   const bool hasEffect =
       !effect || awaitEffect(application, *effect, key.deliveredAt + longestEffect);
   // A key may have moved the focus, to a password field too.

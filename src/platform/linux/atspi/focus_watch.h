@@ -58,7 +58,7 @@ class FocusWatch {
   [[nodiscard]] TextAtCaret focusedText(int processId);
 
   /// Another window is in front now.
-  void noteActivation() { hasSeenFocus_ = false; }
+  void noteActivation() { hasSeenFocus_ = hasUnseenKeys_ = false; }
 
   /// It is an own one, or one that is not asked anything.
   void leave() { enter(nullptr); }
@@ -98,7 +98,8 @@ class FocusWatch {
   /// The focus may be elsewhere than the application says: it has shown no effect of a key since
   /// one that moves the focus.
   bool mayHaveMoved_ = false;
-  bool hasSeenFocus_ = false;  ///< in the window in front
+  bool hasSeenFocus_ = false;   ///< in the window in front
+  bool hasUnseenKeys_ = false;  ///< typed there before
   std::atomic<bool> isSecure_ = false;
   Clock::time_point lastSecure_{};
   /// The application that has the keyboard; null when it is none that is asked anything.

@@ -47,6 +47,8 @@ class TextField {
   /// for a password while it has the focus, and remains one when it shows the password.
   [[nodiscard]] bool isPassword() const { return isKnownPassword() || role_ == ATSPI_ROLE_INVALID; }
   void lookAtRole();
+  /// It may have been one before it was looked at.
+  void treatAsPassword() { wasPassword_ = true; }
   /// Whether it has been one, not only left that open.
   [[nodiscard]] bool isKnownPassword() const {
     return wasPassword_ || role_ == ATSPI_ROLE_PASSWORD_TEXT;
