@@ -13,6 +13,16 @@
 #include "platform/linux/x11/server_clock.h"
 
 namespace mirvane {
+namespace {
+
+Window inputFocus(Display* display) {
+  Window focus = None;
+  int revertTo = 0;
+  XGetInputFocus(display, &focus, &revertTo);
+  return focus;
+}
+
+}  // namespace
 
 KeyboardHold::KeyboardHold(XDisplay display, PostedKeys& posted)
     : display_(std::move(display)), posted_(posted) {
@@ -55,16 +65,24 @@ void KeyboardHold::holdBack() {
                      XIGrabModeAsync, XIGrabModeAsync, False, &mask);
     if (status == GrabSuccess) grabbed_.push_back(keyboard);
   }
+  focus_ = inputFocus(display_.get());
 }
 
 void KeyboardHold::giveBack(std::uint64_t window) {
   if (depth_ == 0 || --depth_ > 0) return;
   if (grabbed_.empty()) return;
-  typeHeldKeys(window);
+  // Nobody can move the focus between the look at it and the last key.
+  XGrabServer(display_.get());
+  const bool isSameWindow =
+      inputFocus(display_.get()) == focus_ || isFocused(display_.get(), window);
+  typeHeldKeys(isSameWindow);
   for (const int keyboard : grabbed_) XIUngrabDevice(display_.get(), keyboard, CurrentTime);
   grabbed_.clear();
-  // What came between the last look and the end of the grab.
-  typeHeldKeys(window);
+  // What came between the last look and the end of the grab: nothing may take long there, as the
+  // keys that follow overtake these.
+  typeHeldKeys(isSameWindow);
+  XUngrabServer(display_.get());
+  XFlush(display_.get());
   reloadKeyboards();
 }
 
@@ -97,12 +115,9 @@ std::deque<KeyboardHold::HeldKey> KeyboardHold::takeHeldKeys() {
   return keys;
 }
 
-void KeyboardHold::typeHeldKeys(std::uint64_t window) {
+void KeyboardHold::typeHeldKeys(bool isSameWindow) {
   auto keys = takeHeldKeys();
-  if (keys.empty()) return;
-  // Nobody can move the focus between the look at it and the last key.
-  XGrabServer(display_.get());
-  if (!isFocused(display_.get(), window)) dropTyping(keys);
+  if (!isSameWindow) dropTyping(keys);
   for (const auto& key : keys) {
     post({key.scanCode, key.isDown, PostedKeys::Origin::user, key.timestamp});
     if (key.isDown) {
@@ -111,8 +126,6 @@ void KeyboardHold::typeHeldKeys(std::uint64_t window) {
       stillDown_.erase(key.scanCode);
     }
   }
-  XUngrabServer(display_.get());
-  XFlush(display_.get());
 }
 
 void KeyboardHold::endRepeat(std::uint32_t scanCode) {

@@ -52,7 +52,7 @@ class KeyboardHold {
   };
 
   [[nodiscard]] std::deque<HeldKey> takeHeldKeys();
-  void typeHeldKeys(std::uint64_t window);
+  void typeHeldKeys(bool isSameWindow);
   static void dropTyping(std::deque<HeldKey>& keys);
   void post(const PostedKeys::Key& key);
 
@@ -62,6 +62,7 @@ class KeyboardHold {
   int depth_ = 0;
   std::vector<int> keyboards_;         ///< device ids
   std::vector<int> grabbed_;           ///< those of them that are held back now
+  unsigned long focus_ = 0;            ///< what had the keyboard focus when that began
   std::set<std::uint32_t> stillDown_;  ///< given back, and not released by the participant yet
 };
 
