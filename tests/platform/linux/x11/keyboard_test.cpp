@@ -6,6 +6,7 @@
 #include <cmath>
 #include <future>
 #include <optional>
+#include <utility>
 
 #include "platform/linux/x11/key_typist.h"
 #include "platform/linux/x11/keyboard_hold.h"
@@ -246,6 +247,30 @@ TEST_F(X11KeyboardTest, LosesNoKeyThatComesWhileOthersAreGivenBack) {
     EXPECT_EQ(desk.takeText(), hasCome ? "abc" : "ac");
     EXPECT_EQ(watched, desk.takeSent());
     EXPECT_EQ(desk.state(), KeyboardState());
+  }
+}
+
+TEST_F(X11KeyboardTest, LetsNoKeyOvertakeThoseGivenBack) {
+  bool hasCome = true;
+  for (int calls = 1; hasCome; ++calls) {
+    for (const int callsBetween : {1, 2, 4, 8}) {
+      SCOPED_TRACE(::testing::Message() << calls << " and " << callsBetween);
+      hasCome = false;
+      Keys left{keyA, -keyA, -keyShift};
+      hold.holdBack();
+      send(strokes({keyB}));
+      afterCalls(holdDisplay, calls, [&] {
+        desk.sendSoon({keyShift});
+        hasCome = true;
+        afterCalls(holdDisplay, callsBetween, [&] { desk.sendSoon(std::exchange(left, {})); });
+      });
+      hold.giveBack(desk.field());
+      afterCalls(holdDisplay, 0, {});
+      if (hasCome) desk.send(left);
+      handOver();
+      EXPECT_EQ(desk.takeText(), hasCome ? "bA" : "b");
+      EXPECT_EQ(desk.state(), KeyboardState());
+    }
   }
 }
 

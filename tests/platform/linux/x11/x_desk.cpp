@@ -229,7 +229,10 @@ void afterCalls(_XDisplay* display, int count, std::function<void()> action) {
   static std::function<void()> waiting;
   callsLeft = count;
   waiting = std::move(action);
-  const auto afterCall = [](Display*) { return --callsLeft == 0 ? (waiting(), 0) : 0; };
+  const auto afterCall = [](Display*) {
+    if (--callsLeft == 0) std::exchange(waiting, {})();
+    return 0;
+  };
   XSetAfterFunction(display, count > 0 ? +afterCall : nullptr);
 }
 

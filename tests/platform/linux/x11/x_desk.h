@@ -94,7 +94,7 @@ class XDesk {
 void sync(_XDisplay* display);
 
 /// Runs `action` once, when so many calls of Xlib have been made with this connection; 0 forgets an
-/// action that has not run.
+/// action that has not run. The action may ask for another.
 void afterCalls(_XDisplay* display, int count, std::function<void()> action);
 
 /// Hands over all events that the server has for the watch.
