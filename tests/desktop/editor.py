@@ -142,6 +142,7 @@ class GnomeTextEditor(Editor):
 class Kate(Editor):
     command = ("kate", "--startanon", "--new")
     starts_slowly = True
+    drops_keys_with_the_focus = True  # behind the question whether to save
     unit = "utf-16-le"
 
 

@@ -45,6 +45,12 @@ class TroublesTest(ElsewhereTest):
         time.sleep(moment)
         return key
 
+    def allowed(self, editor, before, words):
+        """The texts that may stand in an editor that loses the focus while a word is typed."""
+        if editor.drops_keys_with_the_focus:
+            words = [word[:end] for word in words for end in range(len(word) + 1)]
+        return [before + word for word in words]
+
     def end_replacement(self, key):
         """Before the key repeats, which it would do in another window too."""
         self.ask_study(0.2)
@@ -118,7 +124,8 @@ class Closed(TroublesTest):
             self.end_replacement(key)
             if editor.asks_whether_to_save:
                 # Its question may come up before the space, which goes there then.
-                self.assertIn(editor.settled_text(), ("becuase", "becuase ", "because "))
+                wanted = self.allowed(editor, "", ["becuase", "becuase ", "because "])
+                self.assertIn(editor.settled_text(), wanted)
             editor.close()
 
     def test_window_goes(self):
@@ -148,9 +155,7 @@ class Left(TroublesTest):
             key = self.begin_replacement(moment)
             other.request_activation()
             self.end_replacement(key)
-            wanted = [before + "becuase ", before + "because "]
-            if editor.drops_keys_with_the_focus:
-                wanted = [text[:end] for text in wanted for end in range(len(before), len(text) + 1)]
+            wanted = self.allowed(editor, before, ["becuase ", "because "])
             self.assertIn(editor.settled_text(), wanted)
             self.assertEqual(other.settled_text(), "")
             editor.activate()
