@@ -13,11 +13,10 @@
 #include "platform/key_codes.h"
 #include "platform/linux/key_identity.h"
 #include "platform/linux/synthesized_key_event.h"
+#include "platform/linux/x11/server_clock.h"
 
 namespace mirvane {
 namespace {
-
-constexpr double millisecondsPerSecond = 1000.0;
 
 bool takesTabs(const QWidget& widget) {
   if (const auto* plain = qobject_cast<const QPlainTextEdit*>(&widget)) {

@@ -4,10 +4,25 @@
 
 namespace mirvane {
 
-/// Asks the application; false when it does not answer.
-inline bool hasState(AtspiAccessible* accessible, AtspiStateType state) {
-  const GObjectPointer<AtspiStateSet> states(atspi_accessible_get_state_set(accessible));
+/// Asks the application; null when it does not answer.
+[[nodiscard]] inline GObjectPointer<AtspiStateSet> statesOf(AtspiAccessible* accessible) {
+  return GObjectPointer<AtspiStateSet>(atspi_accessible_get_state_set(accessible));
+}
+
+/// False when nothing is known of the states.
+[[nodiscard]] inline bool hasState(const GObjectPointer<AtspiStateSet>& states,
+                                   AtspiStateType state) {
   return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
+}
+
+/// Asks the application; false when it does not answer.
+[[nodiscard]] inline bool hasState(AtspiAccessible* accessible, AtspiStateType state) {
+  return hasState(statesOf(accessible), state);
+}
+
+/// Whether an element of this role takes a password, or the application did not say.
+[[nodiscard]] inline bool mayTakePassword(AtspiRole role) {
+  return role == ATSPI_ROLE_PASSWORD_TEXT || role == ATSPI_ROLE_INVALID;
 }
 
 }  // namespace mirvane

@@ -39,6 +39,11 @@ bool await(Condition condition, std::chrono::milliseconds longestWait) {
   return true;
 }
 
+/// Whether the participant's keys still wait.
+auto isHeld(const DesktopInput::TimeLeft& timeLeft) {
+  return [&timeLeft] { return timeLeft() > 0ms; };
+}
+
 using Replacement = FieldWriter::Replacement;
 
 /// Where the new text stands while the old one is still before it.
@@ -146,18 +151,13 @@ FieldWriter::Outcome FieldWriter::replaceByTyping(const TextField& field, const 
   input_.withKeysHeldBack(place.hold, [&](const DesktopInput::TimeLeft& timeLeft) {
     const auto typed = keysFor(field, replacement);
     if (!typed) return;
-    const auto isHeld = [&] { return timeLeft() > 0ms; };
     // Keys arrive in order, however late the application deals with them; a selection does not.
-    const bool isTyped = typed->isByBackspaces
-                             ? typeAnew(place, *typed, isHeld)
-                             : typeOver(field, *typed, timeLeft, [&] {
-                                 const auto text = text::toUtf8(typed->text);
-                                 return typist_.type(place.window, 0, text, isHeld);
-                               });
+    const bool isTyped = typed->isByBackspaces ? typeAnew(place, *typed, timeLeft)
+                                               : typeOver(field, place, *typed, timeLeft);
     if (!isTyped) return;
     const bool isDone = await([&] { return isShown(field, *typed); }, longestTyping);
     outcome = isDone ? Outcome::done : Outcome::unknown;
-    if (!isDone && field.isLineOfQt()) takeBackCut(field, place, *typed, isHeld);
+    if (!isDone && field.isLineOfQt()) takeBackCut(field, place, *typed, timeLeft);
   });
   return outcome;
 }
@@ -181,12 +181,12 @@ std::optional<FieldWriter::Typed> FieldWriter::keysFor(const TextField& field,
 }
 
 bool FieldWriter::typeAnew(const Place& place, const Typed& typed,
-                           const std::function<bool()>& isHeld) {
+                           const DesktopInput::TimeLeft& timeLeft) {
   // What both begin with stays: fewer keys, and no moment before the end looks like it.
   const auto [oldEnd, newEnd] =
       std::mismatch(typed.old.begin(), typed.old.end(), typed.text.begin(), typed.text.end());
   return typist_.type(place.window, std::distance(oldEnd, typed.old.end()),
-                      text::toUtf8(std::u16string(newEnd, typed.text.end())), isHeld);
+                      text::toUtf8(std::u16string(newEnd, typed.text.end())), isHeld(timeLeft));
 }
 
 /// Whether all keys have had their effect: nobody may move the caret before.
@@ -204,16 +204,15 @@ bool FieldWriter::isShown(const TextField& field, const Typed& typed) {
 /// A line with a greatest length cuts the end off. Qt alone deals with keys before it answers: what
 /// it has not shown by now does not come.
 void FieldWriter::takeBackCut(const TextField& field, const Place& place, const Typed& typed,
-                              const std::function<bool()>& isHeld) {
+                              const DesktopInput::TimeLeft& timeLeft) {
   const auto caret = field.caret();
   const auto standing = caret ? field.text({typed.range.start, *caret}) : std::nullopt;
   if (!standing || !typed.text.starts_with(*standing)) return;
-  typeAnew(place, {typed.range, *standing, typed.old, true}, isHeld);
+  typeAnew(place, {typed.range, *standing, typed.old, true}, timeLeft);
 }
 
-bool FieldWriter::typeOver(const TextField& field, const Typed& typed,
-                           const DesktopInput::TimeLeft& timeLeft,
-                           const std::function<bool()>& type) {
+bool FieldWriter::typeOver(const TextField& field, const Place& place, const Typed& typed,
+                           const DesktopInput::TimeLeft& timeLeft) {
   const auto& range = typed.range;
   // Some count the text in one unit and select in another.
   const bool isCountedAlike = field.lengthOf(text::toUtf8(typed.old)) == range.end - range.start &&
@@ -226,7 +225,8 @@ bool FieldWriter::typeOver(const TextField& field, const Typed& typed,
   while (!isMade && Clock::now() < deadline && isTime() && field.select(range).value_or(false)) {
     isMade = await(isSelected, selectAgain);
   }
-  const bool isTyped = isMade && type();
+  const bool isTyped =
+      isMade && typist_.type(place.window, 0, text::toUtf8(typed.text), isHeld(timeLeft));
   // Also a selection that is not known to have been made: it may come late.
   if (!isTyped && timeLeft() > 0ms) field.setCaret(range.end);
   return isTyped;
@@ -236,8 +236,7 @@ bool FieldWriter::type(const Place& place, std::int64_t deleteCount, std::string
                        const std::function<bool()>& mayType) {
   bool isTyped = false;
   input_.withKeysHeldBack(place.hold, [&](const DesktopInput::TimeLeft& timeLeft) {
-    isTyped = mayType() &&
-              typist_.type(place.window, deleteCount, text, [&] { return timeLeft() > 0ms; });
+    isTyped = mayType() && typist_.type(place.window, deleteCount, text, isHeld(timeLeft));
   });
   return isTyped;
 }

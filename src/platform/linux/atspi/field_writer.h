@@ -71,12 +71,12 @@ class FieldWriter {
                           const Replacement& replacement);
   [[nodiscard]] static std::optional<Typed> keysFor(const TextField& field,
                                                     const Replacement& replacement);
-  bool typeAnew(const Place& place, const Typed& typed, const std::function<bool()>& isHeld);
-  static bool typeOver(const TextField& field, const Typed& typed,
-                       const DesktopInput::TimeLeft& timeLeft, const std::function<bool()>& type);
+  bool typeAnew(const Place& place, const Typed& typed, const DesktopInput::TimeLeft& timeLeft);
+  bool typeOver(const TextField& field, const Place& place, const Typed& typed,
+                const DesktopInput::TimeLeft& timeLeft);
   static bool isShown(const TextField& field, const Typed& typed);
   void takeBackCut(const TextField& field, const Place& place, const Typed& typed,
-                   const std::function<bool()>& isHeld);
+                   const DesktopInput::TimeLeft& timeLeft);
 
   AccessibilityThread& thread_;
   DesktopInput& input_;

@@ -180,15 +180,14 @@ void FocusFinder::notePassword(const std::shared_ptr<TextField>& field) {
   if (passwords_.size() > mostPasswords) passwords_.pop_front();
 }
 
-bool FocusFinder::isKnownPassword(AtspiAccessible* accessible) const {
-  return std::any_of(passwords_.begin(), passwords_.end(),
-                     [&](const auto& field) { return field->isOf(accessible); });
+std::shared_ptr<TextField> FocusFinder::knownPassword(AtspiAccessible* accessible) const {
+  const auto known = std::find_if(passwords_.begin(), passwords_.end(),
+                                  [&](const auto& field) { return field->isOf(accessible); });
+  return known != passwords_.end() ? *known : nullptr;
 }
 
 std::shared_ptr<TextField> FocusFinder::makeField(Accessible accessible) {
-  const auto known = std::find_if(passwords_.begin(), passwords_.end(),
-                                  [&](const auto& field) { return field->isOf(accessible.get()); });
-  if (known != passwords_.end()) return *known;
+  if (auto known = knownPassword(accessible.get())) return known;
   return share(std::make_unique<TextField>(std::move(accessible)));
 }
 

@@ -42,7 +42,8 @@ class FocusFinder {
 
   /// Remembers that a field takes a password, also while it shows it.
   void notePassword(const std::shared_ptr<TextField>& field);
-  [[nodiscard]] bool isKnownPassword(AtspiAccessible* accessible) const;
+  /// Null when it is none of those.
+  [[nodiscard]] std::shared_ptr<TextField> knownPassword(AtspiAccessible* accessible) const;
 
   /// Forgets everything.
   void clear();

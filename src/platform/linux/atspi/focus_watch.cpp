@@ -103,10 +103,8 @@ void FocusWatch::noteFocus(const AtspiEvent& event) {
   finder_.noteFocused(event.source);
   // The others are not asked: this process among them, which may be waiting for this thread.
   if (applicationName(event.source) != inFront_) return;
-  const auto role = atspi_accessible_get_role(event.source, nullptr);
-  // What does not answer may be one.
-  setSecure(role == ATSPI_ROLE_PASSWORD_TEXT || role == ATSPI_ROLE_INVALID ||
-            finder_.isKnownPassword(event.source));
+  setSecure(mayTakePassword(atspi_accessible_get_role(event.source, nullptr)) ||
+            finder_.knownPassword(event.source) != nullptr);
 }
 
 void FocusWatch::setSecure(bool isSecure) {
@@ -126,6 +124,10 @@ void FocusWatch::enter(KeyEffects::Application application) {
 
 std::shared_ptr<TextField> FocusWatch::focusedField(int processId) {
   enter(finder_.nameOf(processId));
+  return lookAtFocus(processId);
+}
+
+std::shared_ptr<TextField> FocusWatch::lookAtFocus(int processId) {
   auto field = finder_.find(processId);
   // An application that does not answer may still have its password field in front.
   if (field) {
@@ -152,7 +154,7 @@ KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
   enter(application);
   // A line that is looked at so late may show by now what it hid.
   if (!hasSeenFocus_ && Clock::now() > key.deliveredAt + longestEffect) hasUnseenKeys_ = true;
-  auto field = focusedField(processId);
+  auto field = lookAtFocus(processId);
   const bool isUnanswered = field == nullptr && finder_.isUnanswered(processId);
   // The last key of a password may have moved the focus on.
   if (wasSecure(key.pressedAt)) return {true, {}};
@@ -163,7 +165,7 @@ KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
   const bool hasEffect =
       !effect || awaitEffect(application, *effect, key.deliveredAt + longestEffect);
   // A key may have moved the focus, to a password field too.
-  if (!field->isFocused()) field = focusedField(processId);
+  if (!field->isFocused()) field = lookAtFocus(processId);
   if (isSecure_) return {true, {}};
   if (!field) return {false, {}};
   // An application that is behind with its keys has an old text, which must not be corrected, and

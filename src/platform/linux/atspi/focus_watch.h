@@ -83,6 +83,8 @@ class FocusWatch {
   void start();
   void enter(KeyEffects::Application application);
   void setSecure(bool isSecure);
+  /// The focused element of the process that was entered; null when there is none to be reached.
+  [[nodiscard]] std::shared_ptr<TextField> lookAtFocus(int processId);
   [[nodiscard]] TextAtCaret readBehind(const std::shared_ptr<TextField>& field,
                                        const std::string& typed);
   [[nodiscard]] std::optional<KeyEffects::Id> expectEffect(KeyEffects::Application application,

@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <utility>
 
-#include "platform/linux/atspi/accessible_state.h"
 #include "platform/linux/atspi/application_name.h"
 #include "platform/linux/atspi/toolkit_name.h"
 #include "platform/linux/field_text.h"
@@ -45,14 +44,11 @@ TextField::TextField(AtspiAccessible* accessible, AtspiAccessible* focused, Text
       text_(atspi_accessible_get_text_iface(accessible)),
       role_(atspi_accessible_get_role(accessible, nullptr)),
       unit_(unit) {
-  const GObjectPointer<AtspiStateSet> states(atspi_accessible_get_state_set(accessible));
-  const auto has = [&](AtspiStateType state) {
-    return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
-  };
+  const auto states = statesOf(accessible);
   // Qt says of several lines alone how many they are.
-  isLine_ =
-      has(ATSPI_STATE_SINGLE_LINE) || (unit_ == TextUnit::utf16 && !has(ATSPI_STATE_MULTI_LINE));
-  if (has(ATSPI_STATE_EDITABLE) && !isLineOfQt()) {
+  isLine_ = hasState(states, ATSPI_STATE_SINGLE_LINE) ||
+            (unit_ == TextUnit::utf16 && !hasState(states, ATSPI_STATE_MULTI_LINE));
+  if (hasState(states, ATSPI_STATE_EDITABLE) && !isLineOfQt()) {
     editableText_.reset(atspi_accessible_get_editable_text_iface(accessible_.get()));
   }
 }

@@ -135,9 +135,9 @@ class DesktopInput::Thread {
   /// -1 when nothing is due.
   [[nodiscard]] int millisecondsToNextDeadline() const {
     auto due = watch_.repeatDueTime();
-    if (holdingEnd_) due = std::min(due.value_or(*holdingEnd_), *holdingEnd_);
-    const double typingEnd = typingEnd_;
-    if (typingEnd > 0) due = std::min(due.value_or(typingEnd), typingEnd);
+    const auto consider = [&](double end) { due = std::min(due.value_or(end), end); };
+    if (holdingEnd_) consider(*holdingEnd_);
+    if (const double end = typingEnd_; end > 0) consider(end);
     if (!due) return -1;
     const double left = std::ceil(*due - uptimeMilliseconds());
     return static_cast<int>(std::clamp(left, 0.0, longestHold));

@@ -14,16 +14,13 @@
 namespace mirvane {
 namespace {
 
-constexpr unsigned long backspace = 0xFF08;
-constexpr unsigned long returnSymbol = 0xFF0D;
-
 unsigned long symbolFor(char32_t scalar) {
-  if (scalar == U'\n' || scalar == U'\r') return returnSymbol;
+  if (scalar == U'\n' || scalar == U'\r') return XKB_KEY_Return;
   return xkb_utf32_to_keysym(scalar);
 }
 
 std::vector<unsigned long> symbolsOf(std::int64_t deleteCount, std::string_view text) {
-  std::vector<unsigned long> symbols(static_cast<std::size_t>(deleteCount), backspace);
+  std::vector<unsigned long> symbols(static_cast<std::size_t>(deleteCount), XKB_KEY_BackSpace);
   for (std::size_t position = 0; position < text.size();) {
     symbols.push_back(symbolFor(text::nextScalar(text, position)));
   }

@@ -12,8 +12,6 @@
 namespace mirvane {
 namespace {
 
-constexpr xkb_keysym_t backspace = 0xFF08;
-
 std::string nonEmpty(const char* text, int length) {
   return length > 0 ? std::string(text, static_cast<std::size_t>(length)) : std::string();
 }
@@ -119,7 +117,7 @@ std::string KeyboardText::composedText() const {
 std::optional<std::string> KeyboardText::textOf(std::uint32_t scanCode) {
   reloadIfStale();
   if (!state_) return std::nullopt;
-  if (xkb_state_key_get_one_sym(state_.get(), scanCode) == backspace) return "\x7F";
+  if (xkb_state_key_get_one_sym(state_.get(), scanCode) == XKB_KEY_BackSpace) return "\x7F";
   constexpr std::size_t longest = 16;
   std::string buffer(longest, '\0');
   const int length = xkb_state_key_get_utf8(state_.get(), scanCode, buffer.data(), buffer.size());

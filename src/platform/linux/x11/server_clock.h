@@ -23,8 +23,8 @@ inline constexpr double millisecondsPerSecond = 1000.0;
 
 /// The same moment, of the clock behind `uptimeMilliseconds`.
 [[nodiscard]] inline std::chrono::steady_clock::time_point timePoint(double uptimeMilliseconds) {
-  using Clock = std::chrono::steady_clock;
-  return Clock::time_point(std::chrono::duration_cast<Clock::duration>(
+  using TimePoint = std::chrono::steady_clock::time_point;
+  return TimePoint(std::chrono::duration_cast<TimePoint::duration>(
       std::chrono::duration<double, std::milli>(uptimeMilliseconds)));
 }
 
