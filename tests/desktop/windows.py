@@ -26,6 +26,12 @@ class Windows:
     def close(self, number):
         self._ask(number, "_NET_CLOSE_WINDOW", [X.CurrentTime, _FROM_A_PANEL, 0, 0, 0])
 
+    def middle(self, number):
+        """A place on the screen."""
+        size = self._window(number).get_geometry()
+        place = self._window(number).translate_coords(self._root, 0, 0)
+        return size.width // 2 - place.x, size.height // 2 - place.y
+
     def _window(self, number):
         return self._display.create_resource_object("window", number)
 

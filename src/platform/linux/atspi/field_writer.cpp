@@ -225,8 +225,10 @@ bool FieldWriter::typeOver(const TextField& field, const Place& place, const Typ
   while (!isMade && Clock::now() < deadline && isTime() && field.select(range).value_or(false)) {
     isMade = await(isSelected, selectAgain);
   }
+  // A key that was not held may have replaced it, and other text be selected now.
+  const bool isWhole = isMade && field.text(range) == typed.old;
   const bool isTyped =
-      isMade && typist_.type(place.window, 0, text::toUtf8(typed.text), isHeld(timeLeft));
+      isWhole && typist_.type(place.window, 0, text::toUtf8(typed.text), isHeld(timeLeft));
   // Also a selection that is not known to have been made: it may come late.
   if (!isTyped && timeLeft() > 0ms) field.setCaret(range.end);
   return isTyped;

@@ -17,7 +17,6 @@
 #include <thread>
 #include <utility>
 
-#include "platform/linux/key_identity.h"
 #include "platform/linux/x11/keyboard_hold.h"
 #include "platform/linux/x11/server_clock.h"
 #include "platform/linux/x11/x_display.h"
@@ -47,7 +46,7 @@ class DesktopInput::Thread {
         watch_(display_.get(), posted,
                {[this](const WatchedKey& key) { handleKey(key); },
                 [this](std::uint32_t scanCode) { hold_.noteRelease(scanCode); },
-                [this] { hold_.reloadKeyboards(); }}) {
+                [this] { hold_.noteKeyboardsChanged(); }}) {
     XSelectInput(display_.get(), DefaultRootWindow(display_.get()), PropertyChangeMask);
     activeWindowAtom_ = XInternAtom(display_.get(), "_NET_ACTIVE_WINDOW", False);
     thread_ = std::thread([this] { run(); });
@@ -176,16 +175,18 @@ class DesktopInput::Thread {
   }
 
   void handlePointer(XGenericEventCookie& cookie) {
-    if (!isWatching_ || XGetEventData(display_.get(), &cookie) == 0) return;
-    if (cookie.evtype == XI_RawButtonPress) {
-      const auto& press = *static_cast<const XIRawEvent*>(cookie.data);
-      constexpr int firstWheelButton = 4, lastWheelButton = 7;
-      const bool isWheel = press.detail >= firstWheelButton && press.detail <= lastWheelButton;
-      if (!isWheel && !isPointerInOwnWindow()) {
-        callbacks_.onPointerDown(uptimeOf(press.time) / millisecondsPerSecond);
-      }
-    }
+    if (cookie.evtype != XI_RawButtonPress || XGetEventData(display_.get(), &cookie) == 0) return;
+    const auto& press = *static_cast<const XIRawEvent*>(cookie.data);
+    constexpr int firstWheelButton = 4, lastWheelButton = 7;
+    const bool isWheel = press.detail >= firstWheelButton && press.detail <= lastWheelButton;
+    if (!isWheel) handlePress(uptimeOf(press.time) / millisecondsPerSecond);
     XFreeEventData(display_.get(), &cookie);
+  }
+
+  void handlePress(double timestamp) {
+    // It may put the caret elsewhere, where nothing is to be typed or deleted.
+    endHolds();
+    if (isWatching_ && !isPointerInOwnWindow()) callbacks_.onPointerDown(timestamp);
   }
 
   [[nodiscard]] bool isPointerInOwnWindow() const {
@@ -195,7 +196,7 @@ class DesktopInput::Thread {
 
   void handleKey(const WatchedKey& key) {
     if (!isWatching_) return;
-    if (!key.text && isModifierKeyCode(virtualKeyCode(key.scanCode))) return;
+    if (!key.text && key.isApartFromTyping) return;
     const auto window = focusedWindow(display_.get());
     // Own windows report their keys themselves.
     if (!window || window->isOwn) {
@@ -208,14 +209,13 @@ class DesktopInput::Thread {
       return;
     }
     // Not all keys can be held: an on-screen keyboard's go on.
-    if (key.isDown) endHold();
+    if (key.isDown) endHolds();
     // The release of a key that repeats must not be held.
     const bool mayHold = endsWord(key) && !key.isRepeat && !window->isTerminal;
     callbacks_.onKey({key, *window, mayHold ? startHold(window->id) : KeyHold::none});
   }
 
   KeyHold startHold(std::uint64_t window) {
-    if (isHoldingKeys() && window != heldWindow_) endHolds();
     hold_.holdBack();
     heldWindow_ = window;
     holdingEnd_ = uptimeMilliseconds() + longestHold;

@@ -5,6 +5,7 @@
 #include <X11/extensions/XTest.h>
 
 #include <array>
+#include <utility>
 
 #include "platform/linux/key_identity.h"
 #include "platform/linux/x11/desktop_window.h"
@@ -32,7 +33,17 @@ KeyboardHold::KeyboardHold(XDisplay display, PostedKeys& posted)
 }
 
 KeyboardHold::~KeyboardHold() {
-  for (const auto scanCode : stillDown_) endRepeat(scanCode);
+  releaseAll();
+}
+
+void KeyboardHold::noteKeyboardsChanged() {
+  // Nobody tells of the release of a key whose keyboard is gone.
+  releaseAll();
+  reloadKeyboards();
+}
+
+void KeyboardHold::releaseAll() {
+  for (const auto scanCode : std::exchange(stillDown_, {})) endRepeat(scanCode);
 }
 
 void KeyboardHold::reloadKeyboards() {

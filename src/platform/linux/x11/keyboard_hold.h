@@ -27,8 +27,8 @@ class KeyboardHold {
   /// menu. What is typed then is nobody's business.
   [[nodiscard]] bool isKeyboardTaken() const;
 
-  /// Keyboards were plugged in or out.
-  void reloadKeyboards();
+  /// Keyboards were plugged in or out: what was held down on one of them is released.
+  void noteKeyboardsChanged();
 
   /// Holds the hardware's keys back until as many calls of `giveBack` have followed. With Slow Keys
   /// or Bounce Keys on they go on to the application: nobody types fast then, and the keys would
@@ -51,6 +51,8 @@ class KeyboardHold {
     double timestamp = 0;  ///< seconds
   };
 
+  void releaseAll();
+  void reloadKeyboards();
   [[nodiscard]] std::deque<HeldKey> takeHeldKeys();
   void typeHeldKeys(bool isSameWindow);
   static void dropTyping(std::deque<HeldKey>& keys);

@@ -126,6 +126,20 @@ std::optional<std::string> KeyboardText::textOf(std::uint32_t scanCode) {
   return text;
 }
 
+bool KeyboardText::isApartFromTyping(std::uint32_t scanCode) const {
+  if (!state_) return false;
+  const auto symbol = xkb_state_key_get_one_sym(state_.get(), scanCode);
+  const auto isWithin = [symbol](xkb_keysym_t first, xkb_keysym_t last) {
+    return symbol >= first && symbol <= last;
+  };
+  // The vendors' symbols of media keys begin here (X11/XF86keysym.h).
+  constexpr xkb_keysym_t firstOfMachine = 0x10080000, lastOfMachine = 0x1008FFFF;
+  return isWithin(XKB_KEY_Shift_L, XKB_KEY_Hyper_R) ||
+         isWithin(XKB_KEY_ISO_Lock, XKB_KEY_ISO_Level5_Lock) || symbol == XKB_KEY_Mode_switch ||
+         symbol == XKB_KEY_Num_Lock || symbol == XKB_KEY_Scroll_Lock ||
+         isWithin(firstOfMachine, lastOfMachine);
+}
+
 std::uint64_t KeyboardText::modifierFlags() const {
   if (!state_) return 0;
   const auto isActive = [this](const char* name) {

@@ -39,6 +39,10 @@ class KeyboardText {
   /// The same for a repeated press, which takes no part in compose sequences.
   [[nodiscard]] std::optional<std::string> textOf(std::uint32_t scanCode);
 
+  /// Whether a key only changes what others type (Shift, AltGr, a lock, the next layout) or works
+  /// the machine (the volume, the light of the screen).
+  [[nodiscard]] bool isApartFromTyping(std::uint32_t scanCode) const;
+
   /// The modifier-flag word of the moment.
   [[nodiscard]] std::uint64_t modifierFlags() const;
 

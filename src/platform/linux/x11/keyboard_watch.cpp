@@ -10,6 +10,7 @@
 
 #include "platform/linux/x11/key_controls.h"
 #include "platform/linux/x11/keyboard_devices.h"
+#include "platform/linux/x11/keyboard_layouts.h"
 #include "platform/linux/x11/server_clock.h"
 
 namespace mirvane {
@@ -57,25 +58,28 @@ void KeyboardWatch::reloadKeyboards() {
 bool KeyboardWatch::handle(_XEvent& event) {
   if (event.type == xkbEventBase_) return handleXkb(event);
   if (event.type != GenericEvent || event.xcookie.extension != inputOpcode_) return false;
-  if (XGetEventData(display_, &event.xcookie) == 0) return false;
-  bool isOurs = true;
   switch (event.xcookie.evtype) {
     case XI_RawKeyPress:
-    case XI_RawKeyRelease: {
-      const auto& raw = *static_cast<const XIRawEvent*>(event.xcookie.data);
-      handleRaw(raw.sourceid, static_cast<std::uint32_t>(raw.detail), raw.evtype == XI_RawKeyPress,
-                uptimeOf(raw.time));
-      break;
-    }
+    case XI_RawKeyRelease:
+      handleInput(event);
+      return true;
     case XI_HierarchyChanged:
       reloadKeyboards();
       callbacks_.onKeyboardsChanged();
-      break;
+      return true;
     default:
-      isOurs = false;
+      // Xlib gives the data of an event once: that of the pointer's is left for those who want it.
+      return false;
   }
-  XFreeEventData(display_, &event.xcookie);
-  return isOurs;
+}
+
+void KeyboardWatch::handleInput(_XEvent& event) {
+  auto& cookie = event.xcookie;
+  if (XGetEventData(display_, &cookie) == 0) return;
+  const auto& raw = *static_cast<const XIRawEvent*>(cookie.data);
+  handleRaw(raw.sourceid, static_cast<std::uint32_t>(raw.detail), raw.evtype == XI_RawKeyPress,
+            uptimeOf(raw.time));
+  XFreeEventData(display_, &cookie);
 }
 
 bool KeyboardWatch::handleXkb(const _XEvent& event) {
@@ -89,6 +93,7 @@ bool KeyboardWatch::handleXkb(const _XEvent& event) {
     case XkbNewKeyboardNotify:
     case XkbMapNotify:
       text_.invalidate();
+      isLayoutShared_ = false;
       break;
     case XkbControlsNotify:
       reloadControls();
@@ -115,10 +120,17 @@ void KeyboardWatch::handleRaw(int device, std::uint32_t scanCode, bool isDown,
       handlePosted(*own, milliseconds);
       return;
     }
-  } else if (!isDown) {
+  } else if (isDown) {
+    noteHardware(device);
+  } else {
     callbacks_.onHardwareRelease(scanCode);
   }
   handleKey({scanCode, isDown, milliseconds, milliseconds});
+}
+
+/// Before anything is typed through another keyboard for the sake of this one's key.
+void KeyboardWatch::noteHardware(int keyboard) {
+  if (!std::exchange(isLayoutShared_, true)) shareLayoutOf(keyboard, display_);
 }
 
 void KeyboardWatch::handlePosted(const PostedKeys::Key& key, double milliseconds) {
@@ -156,7 +168,7 @@ void KeyboardWatch::reportDueRepeats(double now) {
 void KeyboardWatch::report(const Key& key, std::optional<std::string> text, bool isRepeat) {
   callbacks_.onKey({key.scanCode, key.isDown, std::move(text), text_.modifierFlags(),
                     key.pressedAt / millisecondsPerSecond, key.deliveredAt / millisecondsPerSecond,
-                    isRepeat});
+                    isRepeat, text_.isApartFromTyping(key.scanCode)});
 }
 
 }  // namespace mirvane

@@ -24,6 +24,8 @@ struct WatchedKey {
   /// The same for when the application got it: later for a key that was held back.
   double deliveredAt = 0;
   bool isRepeat = false;  ///< as the keyboard's settings have it: nobody tells of the real ones
+  /// It changes what other keys type, or works the machine.
+  bool isApartFromTyping = false;
 };
 
 /// Turns the X server's raw keyboard events into typing: with text, automatic repeat, and without
@@ -62,7 +64,9 @@ class KeyboardWatch {
   void selectEvents();
   void reloadControls();
   void reloadKeyboards();
+  void noteHardware(int keyboard);
   bool handleXkb(const _XEvent& event);
+  void handleInput(_XEvent& event);
   void handleRaw(int device, std::uint32_t scanCode, bool isDown, double milliseconds);
   void handlePosted(const PostedKeys::Key& key, double milliseconds);
   void handleKey(const Key& key);
@@ -76,6 +80,7 @@ class KeyboardWatch {
   int xkbEventBase_ = 0;
   std::set<int> syntheticKeyboards_;  ///< XTEST keyboards, by device id
   std::set<std::uint32_t> ownDown_;   ///< keys of our own that are down
+  bool isLayoutShared_ = false;       ///< XTEST's keyboards are known to have the hardware's
   KeyboardText text_;
   AutoRepeat repeat_;
   KeyFilters filters_;

@@ -91,7 +91,7 @@ class X11KeyboardTest : public ::testing::Test {
          if (key.isDown) watchedText += key.text.value_or("");
        },
        [this](std::uint32_t scanCode) { hold.noteRelease(scanCode); },
-       [this] { hold.reloadKeyboards(); }}};
+       [this] { hold.noteKeyboardsChanged(); }}};
 };
 
 TEST_F(X11KeyboardTest, TypesAnyTextWhateverIsHeld) {
@@ -205,11 +205,13 @@ TEST_F(X11KeyboardTest, WatchesTheHardwareAndOtherPrograms) {
     const char* text;
   };
   const Keys shifted{keyShift, keyA, -keyA, -keyShift}, alternate{keyAltGr, keyQ, -keyQ, -keyAltGr};
-  const std::vector<Row> rows{{"us", 0, shifted + strokes({keyY, keyQ}), "Ayq"},
-                              {"de", 0, alternate + strokes({keyY, keyAcute, keyE}), "@zé"},
-                              {"fr", 0, strokes({keyQ, keyA, keyBackspace}), "aq\x7F"},
-                              {"us,ru", 1, shifted + strokes({keyQ}), "Фй"},
-                              {"us", 0, strokes({keyCapsLock, keyQ, keyCapsLock, keyQ}), "Qq"}};
+  const std::vector<Row> rows{
+      {"us", 0, shifted + strokes({keyY, keyQ}), "Ayq"},
+      {"de", 0, alternate + strokes({keyY, keyAcute, keyE}), "@zé"},
+      {"fr", 0, strokes({keyQ, keyA, keyBackspace}), "aq\x7F"},
+      {"us -option compose:menu", 0, strokes({keyMenu, keyApostrophe, keyE, keyQ}), "éq"},
+      {"us,ru", 1, shifted + strokes({keyQ}), "Фй"},
+      {"us", 0, strokes({keyCapsLock, keyQ, keyCapsLock, keyQ}), "Qq"}};
   for (const auto& [layout, group, keys, text] : rows) {
     SCOPED_TRACE(text);
     useLayout(layout, group);
@@ -225,6 +227,37 @@ TEST_F(X11KeyboardTest, WatchesTheHardwareAndOtherPrograms) {
     }
     EXPECT_EQ(watched.size(), 2 * keys.size());
     EXPECT_EQ(watchedText, std::string(text) + text);
+  }
+}
+
+TEST_F(X11KeyboardTest, TypesWithALayoutThatOnlyTheHardwareHas) {
+  const std::string twoLayouts = "ru,de -option grp:menu_toggle";
+  for (const auto& [layout, z] :
+       {std::pair(std::string("de"), keyY), {"fr", keyW}, {twoLayouts, keyY}}) {
+    SCOPED_TRACE(layout);
+    desk.useHardwareLayout(layout);
+    if (layout == twoLayouts) send(strokes({keyMenu}));
+    send(strokes({z}));
+    watchedText.clear();
+    hold.holdBack();
+    send(strokes({z, keyA}));
+    EXPECT_TRUE(type(0, "yzß"));
+    hold.giveBack(desk.field());
+    handOver();
+    send(strokes({z}));
+    EXPECT_EQ(desk.takeText(), "zyzß" + watchedText);
+    EXPECT_EQ(watchedText, z == keyY ? "zaz" : "zqz");
+  }
+}
+
+TEST_F(X11KeyboardTest, TellsKeysThatWorkOnOthersFromTyping) {
+  useLayout("de neo");
+  const KeyboardText text(watchDisplay.get());
+  for (const int key : {keyShift, keyAltGr, keyControl, keySuper, keyLevel3OfNeo, keyMute}) {
+    EXPECT_TRUE(text.isApartFromTyping(static_cast<std::uint32_t>(key))) << key;
+  }
+  for (const int key : {keyA, keySpace, keyBackspace, XDesk::marker}) {
+    EXPECT_FALSE(text.isApartFromTyping(static_cast<std::uint32_t>(key))) << key;
   }
 }
 

@@ -62,6 +62,11 @@ bool awaitEvent(Display* display, std::chrono::steady_clock::time_point end) {
   return true;
 }
 
+void setLayout(const std::string& options) {
+  if (std::system(("setxkbmap -option '' " + options).c_str()) != 0)
+    throw std::runtime_error("no layout");
+}
+
 }  // namespace
 
 void PrintTo(const SeenKey& key, std::ostream* out) {
@@ -106,8 +111,12 @@ void XDesk::focus(std::uint64_t window) {
   XSync(application_.get(), False);
 }
 
+void XDesk::useHardwareLayout(const std::string& name) const {
+  setLayout("-device " + std::to_string(keyboard_) + " " + name);
+}
+
 void XDesk::useLayout(const std::string& name, unsigned group) {
-  if (std::system(("setxkbmap " + name).c_str()) != 0) throw std::runtime_error("no layout");
+  setLayout(name);
   XkbLockModifiers(hands_.get(), XkbUseCoreKbd, LockMask, 0);
   XkbLockGroup(hands_.get(), XkbUseCoreKbd, group);
   XSync(hands_.get(), False);
@@ -139,6 +148,13 @@ void XDesk::sendSoon(const std::vector<int>& keys) {
 
 void XDesk::post(const std::vector<int>& keys) {
   fake(keys, false);
+  XSync(hands_.get(), False);
+}
+
+void XDesk::click(unsigned button) {
+  for (const int isDown : {True, False}) {
+    XTestFakeButtonEvent(hands_.get(), button, isDown, CurrentTime);
+  }
   XSync(hands_.get(), False);
 }
 

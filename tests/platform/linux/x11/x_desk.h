@@ -14,10 +14,12 @@
 namespace mirvane {
 
 /// Scan codes, whatever the layout.
-inline constexpr int keyA = 38, keyB = 56, keyC = 54, keyE = 26, keyQ = 24, keyY = 29,
-                     keyAcute = 21;
-inline constexpr int keyBackspace = 22, keyShift = 50, keyCapsLock = 66;
-inline constexpr int keyControl = 37, keyAlt = 64, keyAltGr = 108, keySuper = 133;
+inline constexpr int keyA = 38, keyB = 56, keyC = 54, keyE = 26, keyQ = 24, keyW = 25, keyY = 29,
+                     keyAcute = 21, keyApostrophe = 48;
+inline constexpr int keyBackspace = 22, keyShift = 50, keyCapsLock = 66, keySpace = 65,
+                     keyMenu = 135, keyMute = 121;
+inline constexpr int keyControl = 37, keyAlt = 64, keyAltGr = 108, keySuper = 133,
+                     keyLevel3OfNeo = 51;
 
 /// A press or release as the X server tells of it.
 struct SeenKey {
@@ -53,6 +55,8 @@ class XDesk {
 
   /// As `setxkbmap` takes it, and which of several layouts is in use.
   void useLayout(const std::string& name, unsigned group = 0);
+  /// For the hardware alone, as a layout that is set per device.
+  void useHardwareLayout(const std::string& name) const;
   /// Leaves exactly these on: Slow Keys with a delay of 20 ms, Bounce Keys with the server's own.
   void filterKeys(bool isSlow, bool isBouncing);
 
@@ -62,6 +66,9 @@ class XDesk {
   void sendSoon(const std::vector<int>& keys);
   /// The same from another program, over XTEST.
   void post(const std::vector<int>& keys);
+
+  static constexpr unsigned leftButton = 1, wheelUp = 4;
+  void click(unsigned button);
 
   /// The hardware's keys since the last call.
   [[nodiscard]] std::vector<SeenKey> takeSent();

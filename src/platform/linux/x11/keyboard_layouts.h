@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/linux/x11/x_display.h"
+
+namespace mirvane {
+
+/// Gives the keyboards of XTEST the layout of the hardware's `keyboard` (a device id), where they
+/// have another: a layout that was set for one keyboard only leaves them with the server's own, and
+/// what is typed through them would come out in that. Does nothing when the server does not answer.
+void shareLayoutOf(int keyboard, _XDisplay* display);
+
+}  // namespace mirvane
