@@ -116,6 +116,18 @@ class Killed(TroublesTest):
 
 
 class Closed(TroublesTest):
+    def test_in_a_word(self):
+        other = self.open()
+        for fields in (GtkField, QtField):
+            before_in_other = other.text()
+            program = self.open(kind=fields)
+            self.type("he")
+            program.close_window()
+            self.ask_study(0.3)
+            other.activate()
+            self.type("wrld ")
+            other.await_text(before_in_other + "world ")
+
     def test_editor_is_closed(self):
         for moment in MOMENTS:
             editor = self.open()
