@@ -7,7 +7,7 @@ import subprocess
 import tempfile
 import time
 
-from gi.repository import GLib
+from gi.repository import Atspi, GLib
 
 from keyboard import CONTROL
 from program import BUILD, Program, await_text, text_of, wait_for
@@ -90,6 +90,13 @@ class Editor(Program):
         with contextlib.suppress(GLib.Error):  # GTK 4 does it and does not answer
             field.add_selection(start, end)
         wait_for(lambda: field.get_n_selections() == 1, "the selection")
+
+    def box(self):
+        """Where its document stands on the screen."""
+        def box():
+            return self.element.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+        wait_for(lambda: box().width > 0, "the place of the document")
+        return box()
 
     def caret_is_at_the_end(self):
         return self.caret() == self.element.get_text_iface().get_character_count()
@@ -184,7 +191,7 @@ class WebPage(Editor):
             text = file.read()
         page = os.path.join(self.home, "page.html")
         self.write_file(page, "<!DOCTYPE html><meta charset=utf-8><title>Page</title>"
-                              + self.body.format(text))
+                              + self.body.replace("{}", text))
         return "file://" + page
 
 
@@ -200,6 +207,51 @@ class Chromium(WebPage):
     command = ("chromium", "--no-sandbox", "--no-first-run", "--force-renderer-accessibility")
     keeps_up_with_a_megabyte = False
     drops_keys_with_the_focus = True
+
+
+class PasswordPage(WebPage):
+    """A password field, which shows its text once F2 or the eye at its end is pressed, and another
+    line, two Tabs away."""
+
+    shows = "field.type = 'text';"
+    shows_another = """
+        const shown = field.cloneNode();
+        shown.type = 'text';
+        field.replaceWith(shown);
+        shown.focus();
+        shown.setSelectionRange(99, 99);"""
+    body = f"""
+        <style>
+          form {{ position: relative; width: 300px }}
+          #field {{ box-sizing: border-box; width: 100%; height: 30px }}
+          button {{ position: absolute; top: 0; right: 0; width: 30px; height: 30px }}
+        </style>
+        <form>
+          <input id=field type=password autofocus value='{{}}'>
+          <button type=button onclick='reveal()'>&#x1F441;</button>
+        </form>
+        <p><input size=40></p>
+        <script>
+          function reveal() {{ {shows} }}
+          addEventListener('keydown', event => event.key == 'F2' && reveal());
+        </script>"""
+
+    @classmethod
+    def that_replaces_its_field(cls):
+        """The same page with another element for the shown password."""
+        return type(cls.__name__, (cls,), {"body": cls.body.replace(cls.shows, cls.shows_another)})
+
+    def text(self):
+        """That of the element which is the field now."""
+        return text_of(self.focused_text_element())
+
+
+class PasswordFirefox(PasswordPage, Firefox):
+    pass
+
+
+class PasswordChromium(PasswordPage, Chromium):
+    command = (*Chromium.command, "--incognito")  # else it saves what a field shows
 
 
 class RichPage(WebPage):

@@ -6,10 +6,8 @@ import threading
 import time
 import unittest
 
-from gi.repository import Atspi
-
 from editor import GtkField, Mousepad, QtField, Terminal
-from elsewhere_case import ElsewhereTest, raw_typed
+from elsewhere_case import EDITOR, ElsewhereTest, raw_typed
 
 PASSWORD = "vqzjx7kwyq2"
 CONTROL = "xkcdwzqj"  # typed into an editor, so that a search that finds nothing would show
@@ -123,17 +121,17 @@ class Forms(SecretsTest):
         self.check(QtField, stopped=0.3)
 
 
-class ShownPasswords(SecretsTest):
-    """The field shows the password when half of it is typed."""
+class ShownPasswordsTest(SecretsTest):
+    """The field shows the password when a part of it is typed."""
 
-    def check(self, kind, show):
+    def check(self, kind, show, typed_hidden=TYPED_HIDDEN):
         editor = self.open(kind=Mousepad)
         self.type(CONTROL + " ")
-        field = self.open(kind=kind.with_options("--password"))
-        self.type(TYPED_HIDDEN)
+        field = self.open(kind=kind)
+        self.type(typed_hidden)
         show(field)
         time.sleep(1)  # a glance at it
-        self.type(PASSWORD.removeprefix(TYPED_HIDDEN) + " ")
+        self.type(PASSWORD.removeprefix(typed_hidden) + " ")
         field.await_text(PASSWORD + " ")  # it is in plain sight
         self.assert_unknown(PASSWORD)
         editor.activate()
@@ -146,7 +144,8 @@ class ShownPasswords(SecretsTest):
         self.keyboard.strike(SHOW_KEY)
 
     def show_by_click(self, field):
-        box = field.element.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+        """On the eye, which stands in the field's end."""
+        box = field.box()
         self.keyboard.click(box.x + box.width - box.height // 2, box.y + box.height // 2)
 
     def show_and_look_elsewhere(self, field):
@@ -154,23 +153,62 @@ class ShownPasswords(SecretsTest):
         self.study.activate()
         field.activate()
 
+
+class ShownPasswords(ShownPasswordsTest):
+    gtk = GtkField.with_options("--password")
+    qt = QtField.with_options("--password")
+
     def test_field_of_gtk_that_is_left_meanwhile(self):
-        self.check(GtkField, self.show_and_look_elsewhere)
+        self.check(self.gtk, self.show_and_look_elsewhere)
 
     def test_field_of_qt_that_is_left_meanwhile(self):
-        self.check(QtField, self.show_and_look_elsewhere)
+        self.check(self.qt, self.show_and_look_elsewhere)
 
     def test_field_of_gtk_by_a_key(self):
-        self.check(GtkField, self.show_by_key)
+        self.check(self.gtk, self.show_by_key)
 
     def test_field_of_gtk_by_a_click(self):
-        self.check(GtkField, self.show_by_click)
+        self.check(self.gtk, self.show_by_click)
 
     def test_field_of_qt_by_a_key(self):
-        self.check(QtField, self.show_by_key)
+        self.check(self.qt, self.show_by_key)
 
     def test_field_of_qt_by_a_click(self):
-        self.check(QtField, self.show_by_click)
+        self.check(self.qt, self.show_by_click)
+
+
+class PasswordsShownByPages(ShownPasswordsTest):
+    """Whose browser, or they themselves, may put another element in the field's place."""
+
+    def test_field_that_is_left_meanwhile(self):
+        self.check(EDITOR, self.show_and_look_elsewhere)
+
+    def test_field_by_a_key(self):
+        self.check(EDITOR, self.show_by_key)
+
+    def test_field_by_a_click(self):
+        self.check(EDITOR, self.show_by_click_and_return)
+
+    def test_field_that_is_empty_yet(self):
+        self.check(EDITOR, self.show_by_click_and_return, typed_hidden="")
+
+    def test_another_field_in_its_place(self):
+        self.check(EDITOR.that_replaces_its_field(), self.show_by_key)
+
+    def test_another_line_is_heard(self):
+        page = self.open(kind=EDITOR)
+        self.type(TYPED_HIDDEN)
+        self.show_by_key(page)
+        self.type(PASSWORD.removeprefix(TYPED_HIDDEN) + "\t\t")
+        time.sleep(1)  # until the line has the focus
+        self.type("helo ")
+        self.assertIn(raw_typed(self.report()), ("helo ", "\thelo "))
+
+    def show_by_click_and_return(self, page):
+        box = page.box()
+        self.show_by_click(page)
+        time.sleep(0.5)
+        self.keyboard.click(box.x + box.width // 2, box.y + box.height // 2)
 
 
 class WaylandDisplay(SecretsTest):

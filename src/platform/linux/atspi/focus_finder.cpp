@@ -1,6 +1,5 @@
 #include "platform/linux/atspi/focus_finder.h"
 
-#include <algorithm>
 #include <chrono>
 #include <optional>
 #include <utility>
@@ -21,8 +20,6 @@ constexpr int mostElements = 2000;
 constexpr std::chrono::milliseconds longestSearch{150};
 constexpr std::chrono::milliseconds longestQuietSearch{2000};
 
-/// Pages with more of them are rare.
-constexpr std::size_t mostPasswords = 16;
 constexpr std::chrono::milliseconds slowAnswer{180};
 constexpr std::chrono::milliseconds pauseLength{300};
 constexpr std::chrono::milliseconds trustInSurrounding{1000};
@@ -173,22 +170,19 @@ void FocusFinder::noteChanged(AtspiAccessible* accessible) {
   changed_ = newReference(accessible);
 }
 
-void FocusFinder::notePassword(const std::shared_ptr<TextField>& field) {
-  if (!passwords_.empty() && passwords_.back() == field) return;
-  std::erase(passwords_, field);
-  passwords_.push_back(field);
-  if (passwords_.size() > mostPasswords) passwords_.pop_front();
+void FocusFinder::notePassword(AtspiAccessible* accessible) {
+  passwords_.note(accessible);
+  if (last_ && last_->accessible() == accessible) last_->treatAsPassword();
 }
 
-std::shared_ptr<TextField> FocusFinder::knownPassword(AtspiAccessible* accessible) const {
-  const auto known = std::find_if(passwords_.begin(), passwords_.end(),
-                                  [&](const auto& field) { return field->isOf(accessible); });
-  return known != passwords_.end() ? *known : nullptr;
+bool FocusFinder::isKnownPassword(AtspiAccessible* accessible) const {
+  return !passwords_.isEmpty() && passwords_.include(TextField(newReference(accessible)));
 }
 
 std::shared_ptr<TextField> FocusFinder::makeField(Accessible accessible) {
-  if (auto known = knownPassword(accessible.get())) return known;
-  return share(std::make_unique<TextField>(std::move(accessible)));
+  auto field = share(std::make_unique<TextField>(std::move(accessible)));
+  if (passwords_.include(*field)) field->treatAsPassword();
+  return field;
 }
 
 std::shared_ptr<TextField> FocusFinder::share(std::unique_ptr<TextField> field) {

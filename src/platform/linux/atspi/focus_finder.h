@@ -1,13 +1,13 @@
 #pragma once
 
 #include <chrono>
-#include <deque>
 #include <memory>
 #include <optional>
 #include <unordered_map>
 #include <utility>
 
 #include "platform/linux/atspi/accessibility_thread.h"
+#include "platform/linux/atspi/password_fields.h"
 #include "platform/linux/atspi/text_field.h"
 
 namespace mirvane {
@@ -40,10 +40,10 @@ class FocusFinder {
   /// whether it takes part in accessibility.
   [[nodiscard]] bool isUnanswered(int processId) const;
 
-  /// Remembers that a field takes a password, also while it shows it.
-  void notePassword(const std::shared_ptr<TextField>& field);
-  /// Null when it is none of those.
-  [[nodiscard]] std::shared_ptr<TextField> knownPassword(AtspiAccessible* accessible) const;
+  /// Remembers that an element takes a password.
+  void notePassword(AtspiAccessible* accessible);
+  /// Whether it is one of those, or may have come in the place of one.
+  [[nodiscard]] bool isKnownPassword(AtspiAccessible* accessible) const;
 
   /// Forgets everything.
   void clear();
@@ -79,7 +79,7 @@ class FocusFinder {
   AccessibilityThread& thread_;
   std::unordered_map<int, GObjectPointer<AtspiAccessible>> applications_;
   std::shared_ptr<TextField> last_;
-  std::deque<std::shared_ptr<TextField>> passwords_;
+  PasswordFields passwords_;
   int lastProcessId_ = 0;
   std::chrono::steady_clock::time_point searchedAt_{};
   Pause pause_;

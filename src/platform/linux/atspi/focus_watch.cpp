@@ -101,8 +101,10 @@ void FocusWatch::noteFocus(const AtspiEvent& event) {
   finder_.noteFocused(event.source);
   // The others are not asked: this process among them, which may be waiting for this thread.
   if (applicationName(event.source) != inFront_) return;
-  setSecure(mayTakePassword(atspi_accessible_get_role(event.source, nullptr)) ||
-            finder_.knownPassword(event.source) != nullptr);
+  const auto role = atspi_accessible_get_role(event.source, nullptr);
+  // From now on no key makes anybody look at the field.
+  if (role == ATSPI_ROLE_PASSWORD_TEXT) finder_.notePassword(event.source);
+  setSecure(mayTakePassword(role) || finder_.isKnownPassword(event.source));
 }
 
 void FocusWatch::setSecure(bool isSecure) {
@@ -133,7 +135,7 @@ std::shared_ptr<TextField> FocusWatch::lookAtFocus(int processId) {
     // What was typed into a line that nobody had looked at may be a password, which it shows now.
     if (!hasSeenFocus_ && hasUnseenKeys_ && field->isLine()) field->treatAsPassword();
     setSecure(field->isPassword() || field->isTerminal());
-    if (field->isKnownPassword()) finder_.notePassword(field);
+    if (field->isKnownPassword()) finder_.notePassword(field->accessible());
     hasSeenFocus_ = true;
   } else {
     lastUnanswered_ = Clock::now();

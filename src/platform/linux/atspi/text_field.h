@@ -54,9 +54,7 @@ class TextField {
   [[nodiscard]] bool isKnownPassword() const {
     return wasPassword_ || role_ == ATSPI_ROLE_PASSWORD_TEXT;
   }
-  [[nodiscard]] bool isOf(AtspiAccessible* accessible) const {
-    return accessible_.get() == accessible;
-  }
+  [[nodiscard]] AtspiAccessible* accessible() const { return accessible_.get(); }
   [[nodiscard]] bool isTerminal() const { return role_ == ATSPI_ROLE_TERMINAL; }
 
   /// Whether its text may be read, should the application answer.
