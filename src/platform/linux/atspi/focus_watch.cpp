@@ -46,8 +46,8 @@ bool movesFocus(const AwaitedKey& key) {
 
 FocusWatch::FocusWatch(AccessibilityThread& thread) : thread_(thread), finder_(thread) {}
 
-void FocusWatch::listen() {
-  if (!isListening_ || listener_ != nullptr || !thread_.hasBus()) return;
+void FocusWatch::start() {
+  if (!thread_.hasBus()) return;
   listener_ = atspi_event_listener_new(&FocusWatch::onEvent, this, nullptr);
   for (const char* const type : eventTypes) {
     atspi_event_listener_register(listener_, type, nullptr);
@@ -60,9 +60,11 @@ void FocusWatch::stop() {
 }
 
 void FocusWatch::setListening(bool isListening) {
-  isListening_ = isListening;
-  listen();
-  if (isListening || listener_ == nullptr) return;
+  if (isListening == (listener_ != nullptr)) return;
+  if (isListening) {
+    start();
+    return;
+  }
   effects_.clear();
   for (const char* const type : eventTypes) {
     if (thread_.hasBus()) atspi_event_listener_deregister(listener_, type, nullptr);
@@ -149,8 +151,6 @@ TextAtCaret FocusWatch::focusedText(int processId) {
 }
 
 KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
-  // The bus may have come up late.
-  listen();
   const auto* const application = finder_.nameOf(processId);
   const auto effect = expectEffect(application, key);
   enter(application);

@@ -80,7 +80,7 @@ class FocusWatch {
   static void onEvent(AtspiEvent* event, void* self);
   void noteChange(const AtspiEvent& event, bool isInsertion);
   void noteFocus(const AtspiEvent& event);
-  void listen();
+  void start();
   void enter(KeyEffects::Application application);
   void setSecure(bool isSecure);
   /// The focused element of the process that was entered; null when there is none to be reached.
@@ -96,7 +96,6 @@ class FocusWatch {
   AccessibilityThread& thread_;
   FocusFinder finder_;
   KeyEffects effects_;
-  bool isListening_ = false;  ///< or would, if there were a bus
   AtspiEventListener* listener_ = nullptr;
   /// The focus may be elsewhere than the application says: it has shown no effect of a key since
   /// one that moves the focus.
