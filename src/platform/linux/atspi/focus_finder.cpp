@@ -176,7 +176,8 @@ void FocusFinder::notePassword(AtspiAccessible* accessible) {
 }
 
 bool FocusFinder::isKnownPassword(AtspiAccessible* accessible) const {
-  return !passwords_.isEmpty() && passwords_.include(TextField(newReference(accessible)));
+  return passwords_.areIn(applicationName(accessible)) &&
+         passwords_.include(TextField(newReference(accessible)));
 }
 
 std::shared_ptr<TextField> FocusFinder::makeField(Accessible accessible) {

@@ -104,9 +104,9 @@ void FocusWatch::noteFocus(const AtspiEvent& event) {
   // The others are not asked: this process among them, which may be waiting for this thread.
   if (applicationName(event.source) != inFront_) return;
   const auto role = atspi_accessible_get_role(event.source, nullptr);
+  setSecure(mayTakePassword(role) || finder_.isKnownPassword(event.source));
   // From now on no key makes anybody look at the field.
   if (role == ATSPI_ROLE_PASSWORD_TEXT) finder_.notePassword(event.source);
-  setSecure(mayTakePassword(role) || finder_.isKnownPassword(event.source));
 }
 
 void FocusWatch::setSecure(bool isSecure) {

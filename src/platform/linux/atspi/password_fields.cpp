@@ -24,23 +24,29 @@ bool isGone(AtspiAccessible* accessible) {
 }  // namespace
 
 void PasswordFields::note(AtspiAccessible* field) {
-  if (!known_.empty() && known_.back().field.get() == field) return;
+  const bool isLatest = !known_.empty() && known_.back().field.get() == field;
+  if (isLatest && known_.back().parent) return;
   std::erase_if(known_, [field](const Known& known) { return known.field.get() == field; });
   known_.push_back({newReference(field), parentOf(field)});
   if (known_.size() > mostFields) known_.pop_front();
 }
 
+bool PasswordFields::areIn(const char* application) const {
+  return std::any_of(known_.begin(), known_.end(), [&](const Known& known) {
+    return applicationName(known.field.get()) == application;
+  });
+}
+
 bool PasswordFields::include(const TextField& field) const {
   const auto isSame = [&](const Known& known) { return field.accessible() == known.field.get(); };
   if (std::any_of(known_.begin(), known_.end(), isSame)) return true;
-  const auto isNear = [&](const Known& known) {
-    return applicationName(known.field.get()) == applicationName(field.accessible());
-  };
-  if (!field.isLine() || std::none_of(known_.begin(), known_.end(), isNear)) return false;
+  const auto* const application = applicationName(field.accessible());
+  if (!field.isLine() || !areIn(application)) return false;
   const auto parent = parentOf(field.accessible());
   return std::any_of(known_.begin(), known_.end(), [&](const Known& known) {
     const bool isBeside = !parent || !known.parent || parent == known.parent;
-    return isBeside && isNear(known) && isGone(known.field.get());
+    return isBeside && applicationName(known.field.get()) == application &&
+           isGone(known.field.get());
   });
 }
 

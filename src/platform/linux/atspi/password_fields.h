@@ -18,7 +18,9 @@ class PasswordFields {
   /// found out. Asks nothing where no password field has been seen in the application.
   [[nodiscard]] bool include(const TextField& field) const;
 
-  [[nodiscard]] bool isEmpty() const { return known_.empty(); }
+  /// Whether any has been seen in an application (see `applicationName`).
+  [[nodiscard]] bool areIn(const char* application) const;
+
   void clear() { known_.clear(); }
 
  private:

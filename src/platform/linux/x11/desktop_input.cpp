@@ -46,7 +46,7 @@ class DesktopInput::Thread {
         watch_(display_.get(), posted,
                {[this](const WatchedKey& key) { handleKey(key); },
                 [this](std::uint32_t scanCode) { hold_.noteRelease(scanCode); },
-                [this] { hold_.noteKeyboardsChanged(); }}) {
+                [this] { noteKeyboardsChanged(); }}) {
     XSelectInput(display_.get(), DefaultRootWindow(display_.get()), PropertyChangeMask);
     activeWindowAtom_ = XInternAtom(display_.get(), "_NET_ACTIVE_WINDOW", False);
     thread_ = std::thread([this] { run(); });
@@ -111,13 +111,13 @@ class DesktopInput::Thread {
   void run() {
     announceActiveWindow();
     while (isRunning_) {
+      waitForWork();
       handleEvents();
       runCommands();
       const double now = uptimeMilliseconds();
       watch_.reportDueRepeats(now);
       if (holdingEnd_ && now > *holdingEnd_) endHold();
       if (typingEnd_ > 0 && now > typingEnd_) endHoldForTyping();
-      waitForWork();
     }
     endHolds();
   }
@@ -174,6 +174,11 @@ class DesktopInput::Thread {
     callbacks_.onActivated(*window);
   }
 
+  void noteKeyboardsChanged() {
+    watch_.stopRepeating();
+    hold_.noteKeyboardsChanged();
+  }
+
   void handlePointer(XGenericEventCookie& cookie) {
     if (cookie.evtype != XI_RawButtonPress || XGetEventData(display_.get(), &cookie) == 0) return;
     const auto& press = *static_cast<const XIRawEvent*>(cookie.data);
@@ -217,6 +222,7 @@ class DesktopInput::Thread {
 
   KeyHold startHold(std::uint64_t window) {
     hold_.holdBack();
+    watch_.shareLayout();
     heldWindow_ = window;
     holdingEnd_ = uptimeMilliseconds() + longestHold;
     current_ = KeyHold{++lastHold_};

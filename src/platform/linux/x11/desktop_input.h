@@ -52,13 +52,13 @@ class DesktopInput {
   /// After a key that is holding others back; does nothing when that is over.
   void giveBack(KeyHold hold);
 
-  /// Whether no key has followed the one that began this hold. Of any thread.
+  /// Whether no key, and no click, has followed the key that began this hold. Of any thread.
   [[nodiscard]] bool isHolding(KeyHold hold) const;
 
   /// Goes on with this hold while `type` posts keys, and gives the participant's back afterwards,
-  /// or before when that takes too long: `timeLeft` tells, 0 when they have been given back. Called
-  /// from any thread but this one; returns when all is done. False, and nothing is called, when the
-  /// hold is over.
+  /// or before when that takes too long, or when a click or another program's key gets through:
+  /// `timeLeft` tells, 0 when they have been given back. Called from any thread but this one;
+  /// returns when all is done. False, and nothing is called, when the hold is over.
   using TimeLeft = std::function<std::chrono::milliseconds()>;
   bool withKeysHeldBack(KeyHold hold, const std::function<void(const TimeLeft& timeLeft)>& type);
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "platform/linux/x11/keyboard_devices.h"
 
@@ -16,8 +17,13 @@ struct FreeLayout {
 };
 using Layout = std::unique_ptr<XkbDescRec, FreeLayout>;
 
+/// Null when it cannot be read.
 Layout layoutOf(int keyboard, Display* display) {
-  return Layout(XkbGetMap(display, XkbAllMapComponentsMask, static_cast<unsigned>(keyboard)));
+  Layout layout(XkbGetMap(display, XkbAllMapComponentsMask, static_cast<unsigned>(keyboard)));
+  // A keyboard without any modifier has no table of them.
+  const bool isWhole = layout && layout->map != nullptr && layout->map->key_sym_map != nullptr &&
+                       layout->map->modmap != nullptr;
+  return isWhole ? std::move(layout) : nullptr;
 }
 
 bool isSameKey(const XkbDescRec* a, const XkbDescRec* b, int key) {
@@ -46,7 +52,8 @@ void shareLayoutOf(int keyboard, _XDisplay* display) {
     layout->device_spec = static_cast<unsigned short>(synthetic);
     XkbSetMap(display, XkbAllMapComponentsMask, layout.get());
   }
-  XFlush(display);
+  // Others type over connections of their own.
+  XSync(display, False);
 }
 
 }  // namespace mirvane

@@ -1,5 +1,6 @@
 #include "platform/linux/x11/keyboard_text.h"
 
+#include <X11/XF86keysym.h>
 #include <X11/Xlib-xcb.h>
 #include <xkbcommon/xkbcommon-compose.h>
 #include <xkbcommon/xkbcommon-x11.h>
@@ -132,12 +133,10 @@ bool KeyboardText::isApartFromTyping(std::uint32_t scanCode) const {
   const auto isWithin = [symbol](xkb_keysym_t first, xkb_keysym_t last) {
     return symbol >= first && symbol <= last;
   };
-  // The vendors' symbols of media keys begin here (X11/XF86keysym.h).
-  constexpr xkb_keysym_t firstOfMachine = 0x10080000, lastOfMachine = 0x1008FFFF;
   return isWithin(XKB_KEY_Shift_L, XKB_KEY_Hyper_R) ||
          isWithin(XKB_KEY_ISO_Lock, XKB_KEY_ISO_Level5_Lock) || symbol == XKB_KEY_Mode_switch ||
          symbol == XKB_KEY_Num_Lock || symbol == XKB_KEY_Scroll_Lock ||
-         isWithin(firstOfMachine, lastOfMachine);
+         isWithin(XF86XK_MonBrightnessUp, XF86XK_AudioNext);
 }
 
 std::uint64_t KeyboardText::modifierFlags() const {

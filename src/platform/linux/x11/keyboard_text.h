@@ -40,7 +40,7 @@ class KeyboardText {
   [[nodiscard]] std::optional<std::string> textOf(std::uint32_t scanCode);
 
   /// Whether a key only changes what others type (Shift, AltGr, a lock, the next layout) or works
-  /// the machine (the volume, the light of the screen).
+  /// the machine (the light of the screen, the volume, the music).
   [[nodiscard]] bool isApartFromTyping(std::uint32_t scanCode) const;
 
   /// The modifier-flag word of the moment.

@@ -121,16 +121,17 @@ void KeyboardWatch::handleRaw(int device, std::uint32_t scanCode, bool isDown,
       return;
     }
   } else if (isDown) {
-    noteHardware(device);
+    lastHardware_ = device;
   } else {
     callbacks_.onHardwareRelease(scanCode);
   }
   handleKey({scanCode, isDown, milliseconds, milliseconds});
 }
 
-/// Before anything is typed through another keyboard for the sake of this one's key.
-void KeyboardWatch::noteHardware(int keyboard) {
-  if (!std::exchange(isLayoutShared_, true)) shareLayoutOf(keyboard, display_);
+void KeyboardWatch::shareLayout() {
+  if (!lastHardware_ || isLayoutShared_) return;
+  shareLayoutOf(*lastHardware_, display_);
+  isLayoutShared_ = true;
 }
 
 void KeyboardWatch::handlePosted(const PostedKeys::Key& key, double milliseconds) {

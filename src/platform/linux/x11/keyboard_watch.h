@@ -45,6 +45,10 @@ class KeyboardWatch {
   /// Takes an event of the display; false when it is none of the keyboard's.
   bool handle(_XEvent& event);
 
+  /// Before anything is typed over XTEST for the sake of a key of the hardware: gives XTEST's
+  /// keyboards the layout of the keyboard that was typed on last.
+  void shareLayout();
+
   /// When the next repeat of a held key is due, `uptimeMilliseconds`.
   [[nodiscard]] std::optional<double> repeatDueTime() const { return repeat_.dueTime(); }
   void reportDueRepeats(double now);
@@ -64,7 +68,6 @@ class KeyboardWatch {
   void selectEvents();
   void reloadControls();
   void reloadKeyboards();
-  void noteHardware(int keyboard);
   bool handleXkb(const _XEvent& event);
   void handleInput(_XEvent& event);
   void handleRaw(int device, std::uint32_t scanCode, bool isDown, double milliseconds);
@@ -80,7 +83,8 @@ class KeyboardWatch {
   int xkbEventBase_ = 0;
   std::set<int> syntheticKeyboards_;  ///< XTEST keyboards, by device id
   std::set<std::uint32_t> ownDown_;   ///< keys of our own that are down
-  bool isLayoutShared_ = false;       ///< XTEST's keyboards are known to have the hardware's
+  std::optional<int> lastHardware_;   ///< the keyboard that was typed on last, by device id
+  bool isLayoutShared_ = false;       ///< XTEST's keyboards are known to have its layout
   KeyboardText text_;
   AutoRepeat repeat_;
   KeyFilters filters_;

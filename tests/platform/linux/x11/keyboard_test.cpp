@@ -240,6 +240,7 @@ TEST_F(X11KeyboardTest, TypesWithALayoutThatOnlyTheHardwareHas) {
     send(strokes({z}));
     watchedText.clear();
     hold.holdBack();
+    watch.shareLayout();
     send(strokes({z, keyA}));
     EXPECT_TRUE(type(0, "yzß"));
     hold.giveBack(desk.field());
@@ -253,10 +254,11 @@ TEST_F(X11KeyboardTest, TypesWithALayoutThatOnlyTheHardwareHas) {
 TEST_F(X11KeyboardTest, TellsKeysThatWorkOnOthersFromTyping) {
   useLayout("de neo");
   const KeyboardText text(watchDisplay.get());
-  for (const int key : {keyShift, keyAltGr, keyControl, keySuper, keyLevel3OfNeo, keyMute}) {
+  for (const int key :
+       {keyShift, keyAltGr, keyControl, keySuper, keyLevel3OfNeo, keyMute, keyBrightnessUp}) {
     EXPECT_TRUE(text.isApartFromTyping(static_cast<std::uint32_t>(key))) << key;
   }
-  for (const int key : {keyA, keySpace, keyBackspace, XDesk::marker}) {
+  for (const int key : {keyA, keySpace, keyBackspace, keyBack, XDesk::marker}) {
     EXPECT_FALSE(text.isApartFromTyping(static_cast<std::uint32_t>(key))) << key;
   }
 }

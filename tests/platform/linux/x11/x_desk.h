@@ -17,7 +17,7 @@ namespace mirvane {
 inline constexpr int keyA = 38, keyB = 56, keyC = 54, keyE = 26, keyQ = 24, keyW = 25, keyY = 29,
                      keyAcute = 21, keyApostrophe = 48;
 inline constexpr int keyBackspace = 22, keyShift = 50, keyCapsLock = 66, keySpace = 65,
-                     keyMenu = 135, keyMute = 121;
+                     keyMenu = 135, keyMute = 121, keyBack = 166, keyBrightnessUp = 233;
 inline constexpr int keyControl = 37, keyAlt = 64, keyAltGr = 108, keySuper = 133,
                      keyLevel3OfNeo = 51;
 
