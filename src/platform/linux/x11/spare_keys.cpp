@@ -31,6 +31,7 @@ class SpareKeys::Keyboard {
     XkbStateRec state{};
     XkbGetState(display, XkbUseCoreKbd, &state);
     modifiers_ = static_cast<unsigned>(XkbBuildCoreState(state.mods, state.group));
+    lastingModifiers_ = static_cast<unsigned>(XkbBuildCoreState(state.locked_mods, state.group));
     XQueryKeymap(display, downKeys_.data());
   }
   Keyboard(const Keyboard&) = delete;
@@ -41,9 +42,8 @@ class SpareKeys::Keyboard {
 
   /// 0 when no key but `avoided` gives the symbol.
   [[nodiscard]] std::uint32_t keyFor(unsigned long symbol, std::uint32_t avoided) const {
-    const auto keys = keysThat([&](std::uint32_t key) {
-      return key != avoided && !isDown(key) && symbolOf(key) == symbol;
-    });
+    const auto keys = keysThat(
+        [&](std::uint32_t key) { return key != avoided && !isDown(key) && gives(key, symbol); });
     return keys.empty() ? 0 : keys.front();
   }
 
@@ -54,7 +54,7 @@ class SpareKeys::Keyboard {
     return keysThat([&](std::uint32_t key) {
       if (isUnused(key)) return true;
       return isBoundByUs(key) &&
-             std::find(symbols.begin(), symbols.end(), symbolOf(key)) == symbols.end();
+             std::find(symbols.begin(), symbols.end(), symbolOf(key, modifiers_)) == symbols.end();
     });
   }
 
@@ -90,18 +90,25 @@ class SpareKeys::Keyboard {
     return (static_cast<unsigned char>(downKeys_.at(key / bits)) & (1U << (key % bits))) != 0;
   }
 
-  [[nodiscard]] unsigned long symbolOf(std::uint32_t key) const {
+  /// Whatever is held: some applications ask late, when they read the layout anew, which modifiers
+  /// are down.
+  [[nodiscard]] bool gives(std::uint32_t key, unsigned long symbol) const {
+    return symbolOf(key, modifiers_) == symbol && symbolOf(key, lastingModifiers_) == symbol;
+  }
+
+  [[nodiscard]] unsigned long symbolOf(std::uint32_t key, unsigned modifiers) const {
     unsigned consumed = 0;
     KeySym symbol = NoSymbol;
-    XkbTranslateKeyCode(map_, static_cast<KeyCode>(key), modifiers_, &consumed, &symbol);
+    XkbTranslateKeyCode(map_, static_cast<KeyCode>(key), modifiers, &consumed, &symbol);
     // Applications apply a Caps Lock or Shift that the key itself knows nothing of.
-    const bool isLeftOver = (modifiers_ & ~consumed & (ShiftMask | LockMask)) != 0;
+    const bool isLeftOver = (modifiers & ~consumed & (ShiftMask | LockMask)) != 0;
     const bool hasCases = xkb_keysym_to_upper(static_cast<xkb_keysym_t>(symbol)) != symbol;
     return isLeftOver && hasCases ? NoSymbol : symbol;
   }
 
   XkbDescPtr map_;
   unsigned modifiers_ = 0;
+  unsigned lastingModifiers_ = 0;  ///< without what is held down
   std::array<char, 32> downKeys_{};
 };
 

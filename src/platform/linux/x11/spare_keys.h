@@ -8,9 +8,9 @@
 
 namespace mirvane {
 
-/// Finds keys that type given symbols just then: with the layout, the held modifiers and Caps Lock
-/// as they are, and keys that nobody is holding down. Where there is none, a key that the layout
-/// leaves unused is bound to the symbol, whatever the modifiers.
+/// Finds keys that type given symbols just then: with the layout and Caps Lock as they are, with
+/// the held modifiers and without them, and keys that nobody is holding down. Where there is none,
+/// a key that the layout leaves unused is bound to the symbol, whatever the modifiers.
 ///
 /// Bindings stay until others need the keys, as applications read them late, and are taken back in
 /// the end; those of a run that crashed are used again. Which keys are unused is read from the

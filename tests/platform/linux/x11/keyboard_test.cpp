@@ -126,6 +126,18 @@ TEST_F(X11KeyboardTest, TypesAnyTextWhateverIsHeld) {
   }
 }
 
+TEST_F(X11KeyboardTest, TypesTheSameWhereModifiersAreSeenLate) {
+  useLayout("de");
+  for (const int held : {keyShift, keyAltGr}) {
+    send({held});
+    for (const auto* const text : {"Remember?", "fallen), \"so\"", "@ 10%\n"}) {
+      EXPECT_TRUE(type(0, text));
+      EXPECT_EQ(desk.takeText(false), text);
+    }
+    send({-held});
+  }
+}
+
 TEST_F(X11KeyboardTest, TypesNothingElsewhere) {
   desk.focus(desk.otherField());
   EXPECT_FALSE(type(1, "ab"));

@@ -217,7 +217,7 @@ void XDesk::grabKeyboard(bool isGrabbed) {
   XSync(display, False);
 }
 
-std::string XDesk::takeText() {
+std::string XDesk::takeText(bool seesModifiers) {
   std::string text;
   post({marker, -marker});
   const auto end = std::chrono::steady_clock::now() + patience;
@@ -227,6 +227,7 @@ std::string XDesk::takeText() {
     if (event.type == MappingNotify) XRefreshKeyboardMapping(&event.xmapping);
     if (event.type != KeyPress) continue;
     if (event.xkey.keycode == marker) return text;
+    if (!seesModifiers) event.xkey.state = 0;
     std::array<char, 8> unused{};
     KeySym symbol = NoSymbol;
     XLookupString(&event.xkey, unused.data(), static_cast<int>(unused.size()), &symbol, nullptr);

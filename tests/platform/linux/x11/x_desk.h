@@ -83,7 +83,8 @@ class XDesk {
   void focus(std::uint64_t window);
 
   /// What the fields got since the last call, up to a key that is posted now. Key filters are off.
-  [[nodiscard]] std::string takeText();
+  /// `seesModifiers`: as an application that is late with them would not.
+  [[nodiscard]] std::string takeText(bool seesModifiers = true);
 
  private:
   void fake(const std::vector<int>& keys, bool isHardware);
