@@ -104,6 +104,11 @@ void FocusWatch::noteFocus(const AtspiEvent& event) {
   // The others are not asked: this process among them, which may be waiting for this thread.
   if (applicationName(event.source) != inFront_) return;
   const auto role = atspi_accessible_get_role(event.source, nullptr);
+  // Gone before it could be looked at, as a list of completions: the next key looks for the focus.
+  if (role == ATSPI_ROLE_INVALID) {
+    mayHaveMoved_ = true;
+    return;
+  }
   setSecure(mayTakePassword(role) || finder_.isKnownPassword(event.source));
   // From now on no key makes anybody look at the field.
   if (role == ATSPI_ROLE_PASSWORD_TEXT) finder_.notePassword(event.source);
