@@ -20,9 +20,4 @@ namespace mirvane {
   return hasState(statesOf(accessible), state);
 }
 
-/// Whether an element of this role takes a password, or the application did not say.
-[[nodiscard]] inline bool mayTakePassword(AtspiRole role) {
-  return role == ATSPI_ROLE_PASSWORD_TEXT || role == ATSPI_ROLE_INVALID;
-}
-
 }  // namespace mirvane

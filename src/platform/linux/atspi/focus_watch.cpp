@@ -109,9 +109,10 @@ void FocusWatch::noteFocus(const AtspiEvent& event) {
     mayHaveMoved_ = true;
     return;
   }
-  setSecure(mayTakePassword(role) || finder_.isKnownPassword(event.source));
+  const bool isPassword = role == ATSPI_ROLE_PASSWORD_TEXT;
+  setSecure(isPassword || finder_.isKnownPassword(event.source));
   // From now on no key makes anybody look at the field.
-  if (role == ATSPI_ROLE_PASSWORD_TEXT) finder_.notePassword(event.source);
+  if (isPassword) finder_.notePassword(event.source);
 }
 
 void FocusWatch::setSecure(bool isSecure) {

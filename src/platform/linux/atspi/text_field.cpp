@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/linux/atspi/accessible_state.h"
 #include "platform/linux/atspi/application_name.h"
 #include "platform/linux/atspi/toolkit_name.h"
 #include "platform/linux/field_text.h"

@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/linux/atspi/accessible_state.h"
 #include "platform/linux/atspi/gobject_pointer.h"
 #include "platform/linux/atspi/text_window.h"
 
@@ -46,7 +45,7 @@ class TextField {
   [[nodiscard]] bool isFocused() const;
   /// As of the last look; true as well when the application did not say. A field may become one
   /// for a password while it has the focus, and remains one when it shows the password.
-  [[nodiscard]] bool isPassword() const { return wasPassword_ || mayTakePassword(role_); }
+  [[nodiscard]] bool isPassword() const { return isKnownPassword() || role_ == ATSPI_ROLE_INVALID; }
   void lookAtRole();
   /// It may have been one before it was looked at.
   void treatAsPassword() { wasPassword_ = true; }

@@ -51,9 +51,9 @@ void shareLayoutOf(int keyboard, _XDisplay* display) {
     if (other == nullptr || isSameLayout(layout.get(), other.get())) continue;
     layout->device_spec = static_cast<unsigned short>(synthetic);
     XkbSetMap(display, XkbAllMapComponentsMask, layout.get());
+    // Others type over connections of their own.
+    XSync(display, False);
   }
-  // Others type over connections of their own.
-  XSync(display, False);
 }
 
 }  // namespace mirvane
