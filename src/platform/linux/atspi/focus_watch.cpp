@@ -170,29 +170,38 @@ KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
   const bool isUnknown = !hasSeenFocus_ && (application != nullptr || isUnanswered);
   hasUnseenKeys_ = hasUnseenKeys_ || isUnknown;
   if (!field) return {isUnknown || isUnanswered, {}};
-  const bool hasEffect =
-      !effect || awaitEffect(application, *effect, key.deliveredAt + longestEffect);
+  const bool hasEffect = !effect || awaitEffect(*effect, key.deliveredAt + longestEffect);
   // A key may have moved the focus, to a password field too.
   if (!field->isFocused()) field = lookAtFocus(processId);
   if (isSecure_) return {true, {}};
   if (!field) return {false, {}};
+  return contextIn(field, key, hasEffect);
+}
+
+KeyContext FocusWatch::contextIn(const std::shared_ptr<TextField>& field, const AwaitedKey& key,
+                                 bool hasEffect) {
   // An application that is behind with its keys has an old text, which must not be corrected, and
   // may have the focus where it does not say yet.
-  const bool isBehind = !hasEffect && isExpectedToAnnounce(application);
+  const bool isBehind = !hasEffect && isExpectedToAnnounce();
   if (isBehind) return {mayHaveMoved_, {}};
   mayHaveMoved_ = movesFocus(key);
-  auto text = key.text ? readBehind(field, *key.text) : finder_.readAtCaret(std::move(field));
+  auto text = key.text ? readBehind(field, *key.text) : finder_.readAtCaret(field);
+  beforeCaret_ = text.content ? text.content->beforeCaret() : std::nullopt;
   if (text.content && !isWorkOf(key, hasEffect, *text.content)) text.content.reset();
   return {false, std::move(text)};
 }
 
-/// The text, once the caret stands behind what was typed: some applications announce a change
-/// before they show it themselves.
+/// The text, once the caret has moved behind what was typed: some applications announce a change
+/// before they show it themselves, or move the caret after that.
 TextAtCaret FocusWatch::readBehind(const std::shared_ptr<TextField>& field,
                                    const std::string& typed) {
+  // The same letter may stand there from the key before.
+  const auto isBehind = [&](const FieldContent& content) {
+    return endsWith(content, typed) && content.beforeCaret() != beforeCaret_;
+  };
   const auto deadline = Clock::now() + longestLag;
   auto text = finder_.readAtCaret(field);
-  while (text.content && !endsWith(*text.content, typed) && Clock::now() < deadline) {
+  while (text.content && !isBehind(*text.content) && Clock::now() < deadline) {
     thread_.waitUntil([] { return false; }, Clock::now() + lookAgain);
     text = finder_.readAtCaret(field);
   }
@@ -211,16 +220,15 @@ std::optional<KeyEffects::Id> FocusWatch::expectEffect(KeyEffects::Application a
 
 /// One of which nothing is known yet gets the benefit of the doubt for a few keys, where more than
 /// a correction is at stake.
-bool FocusWatch::isExpectedToAnnounce(KeyEffects::Application application) {
-  return announcing_.contains(application) || (mayHaveMoved_ && silence_[application] < patience);
+bool FocusWatch::isExpectedToAnnounce() {
+  return announcing_.contains(inFront_) || (mayHaveMoved_ && silence_[inFront_] < patience);
 }
 
-bool FocusWatch::awaitEffect(KeyEffects::Application application, KeyEffects::Id id,
-                             Clock::time_point deadline) {
+bool FocusWatch::awaitEffect(KeyEffects::Id id, Clock::time_point deadline) {
   const auto isShown = [&] { return effects_.isShown(id); };
-  if (silence_[application] >= patience || Clock::now() >= deadline) return isShown();
+  if (silence_[inFront_] >= patience || Clock::now() >= deadline) return isShown();
   if (thread_.waitUntil(isShown, deadline)) return true;
-  ++silence_[application];
+  ++silence_[inFront_];
   return false;
 }
 

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <memory>
 #include <optional>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -85,13 +86,15 @@ class FocusWatch {
   void setSecure(bool isSecure);
   /// The focused element of the process that was entered; null when there is none to be reached.
   [[nodiscard]] std::shared_ptr<TextField> lookAtFocus(int processId);
+  /// The same in the field with the focus, which has shown the key's effect or will not.
+  [[nodiscard]] KeyContext contextIn(const std::shared_ptr<TextField>& field, const AwaitedKey& key,
+                                     bool hasEffect);
   [[nodiscard]] TextAtCaret readBehind(const std::shared_ptr<TextField>& field,
                                        const std::string& typed);
   [[nodiscard]] std::optional<KeyEffects::Id> expectEffect(KeyEffects::Application application,
                                                            const AwaitedKey& key);
-  [[nodiscard]] bool isExpectedToAnnounce(KeyEffects::Application application);
-  [[nodiscard]] bool awaitEffect(KeyEffects::Application application, KeyEffects::Id id,
-                                 Clock::time_point deadline);
+  [[nodiscard]] bool isExpectedToAnnounce();
+  [[nodiscard]] bool awaitEffect(KeyEffects::Id id, Clock::time_point deadline);
 
   AccessibilityThread& thread_;
   FocusFinder finder_;
@@ -100,6 +103,8 @@ class FocusWatch {
   /// The focus may be elsewhere than the application says: it has shown no effect of a key since
   /// one that moves the focus.
   bool mayHaveMoved_ = false;
+  /// What stood before the caret at the last key that was read for.
+  std::optional<std::u16string> beforeCaret_;
   bool hasSeenFocus_ = false;   ///< in the window in front
   bool hasUnseenKeys_ = false;  ///< typed there before
   std::atomic<bool> isSecure_ = false;

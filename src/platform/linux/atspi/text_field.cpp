@@ -32,6 +32,10 @@ bool FieldContent::hasBeforeCaret(std::u16string_view expected) const {
          withPlainSpaces(std::u16string(expected));
 }
 
+std::optional<std::u16string> FieldContent::beforeCaret() const {
+  return text.text({text.start(), selection.location - text.start()});
+}
+
 bool FieldContent::hasEmbeddedAtCaret() const {
   return text.text({selection.location, 1}) == u"\uFFFC";
 }

@@ -19,6 +19,9 @@ struct FieldContent {
   /// Of spaces each kind stands for the other.
   [[nodiscard]] bool hasBeforeCaret(std::u16string_view expected) const;
 
+  /// As much as was read of it; absent when that does not reach the caret.
+  [[nodiscard]] std::optional<std::u16string> beforeCaret() const;
+
   /// Whether something embedded in the text, which U+FFFC stands for, follows the caret.
   [[nodiscard]] bool hasEmbeddedAtCaret() const;
 };
