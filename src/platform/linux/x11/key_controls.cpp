@@ -1,10 +1,11 @@
 #include "platform/linux/x11/key_controls.h"
 
-#include <X11/XKBlib.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/XKBstr.h>
 
 #include <algorithm>
+
+#include "platform/linux/x11/keyboard_description.h"
 
 namespace mirvane {
 namespace {
@@ -33,12 +34,11 @@ bool KeyControls::repeats(std::uint32_t scanCode) const {
 
 KeyControls readKeyControls(_XDisplay* display) {
   KeyControls result;
-  XkbDescPtr const keyboard = XkbAllocKeyboard();
+  const KeyboardDescription keyboard(XkbAllocKeyboard());
   if (keyboard == nullptr) return result;
-  if (XkbGetControls(display, XkbAllControlsMask, keyboard) == Success) {
+  if (XkbGetControls(display, XkbAllControlsMask, keyboard.get()) == Success) {
     result = controlsOf(*keyboard->ctrls);
   }
-  XkbFreeKeyboard(keyboard, XkbAllComponentsMask, True);
   return result;
 }
 

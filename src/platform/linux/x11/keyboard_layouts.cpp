@@ -1,25 +1,20 @@
 #include "platform/linux/x11/keyboard_layouts.h"
 
-#include <X11/XKBlib.h>
 #include <X11/Xlib.h>
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
+#include "platform/linux/x11/keyboard_description.h"
 #include "platform/linux/x11/keyboard_devices.h"
 
 namespace mirvane {
 namespace {
 
-struct FreeLayout {
-  void operator()(XkbDescPtr layout) const { XkbFreeKeyboard(layout, XkbAllComponentsMask, True); }
-};
-using Layout = std::unique_ptr<XkbDescRec, FreeLayout>;
-
 /// Null when it cannot be read.
-Layout layoutOf(int keyboard, Display* display) {
-  Layout layout(XkbGetMap(display, XkbAllMapComponentsMask, static_cast<unsigned>(keyboard)));
+KeyboardDescription layoutOf(int keyboard, Display* display) {
+  KeyboardDescription layout(
+      XkbGetMap(display, XkbAllMapComponentsMask, static_cast<unsigned>(keyboard)));
   // A keyboard without any modifier has no table of them.
   const bool isWhole = layout && layout->map != nullptr && layout->map->key_sym_map != nullptr &&
                        layout->map->modmap != nullptr;

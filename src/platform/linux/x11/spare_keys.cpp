@@ -1,6 +1,5 @@
 #include "platform/linux/x11/spare_keys.h"
 
-#include <X11/XKBlib.h>
 #include <X11/Xlib.h>
 #include <xkbcommon/xkbcommon.h>
 
@@ -12,6 +11,7 @@
 #include <tuple>
 #include <utility>
 
+#include "platform/linux/x11/keyboard_description.h"
 #include "platform/linux/x11/keyboard_devices.h"
 
 namespace mirvane {
@@ -33,11 +33,6 @@ class SpareKeys::Keyboard {
     modifiers_ = static_cast<unsigned>(XkbBuildCoreState(state.mods, state.group));
     lastingModifiers_ = static_cast<unsigned>(XkbBuildCoreState(state.locked_mods, state.group));
     XQueryKeymap(display, downKeys_.data());
-  }
-  Keyboard(const Keyboard&) = delete;
-  Keyboard& operator=(const Keyboard&) = delete;
-  ~Keyboard() {
-    if (map_ != nullptr) XkbFreeKeyboard(map_, XkbAllComponentsMask, True);
   }
 
   /// 0 when no key but `avoided` gives the symbol.
@@ -99,14 +94,14 @@ class SpareKeys::Keyboard {
   [[nodiscard]] unsigned long symbolOf(std::uint32_t key, unsigned modifiers) const {
     unsigned consumed = 0;
     KeySym symbol = NoSymbol;
-    XkbTranslateKeyCode(map_, static_cast<KeyCode>(key), modifiers, &consumed, &symbol);
+    XkbTranslateKeyCode(map_.get(), static_cast<KeyCode>(key), modifiers, &consumed, &symbol);
     // Applications apply a Caps Lock or Shift that the key itself knows nothing of.
     const bool isLeftOver = (modifiers & ~consumed & (ShiftMask | LockMask)) != 0;
     const bool hasCases = xkb_keysym_to_upper(static_cast<xkb_keysym_t>(symbol)) != symbol;
     return isLeftOver && hasCases ? NoSymbol : symbol;
   }
 
-  XkbDescPtr map_;
+  KeyboardDescription map_;
   unsigned modifiers_ = 0;
   unsigned lastingModifiers_ = 0;  ///< without what is held down
   std::array<char, 32> downKeys_{};
@@ -182,18 +177,18 @@ void SpareKeys::bind(const std::vector<Binding>& bindings) {
 }
 
 void SpareKeys::bindOn(unsigned device, const std::vector<Binding>& bindings) {
-  XkbDescPtr const map = XkbGetMap(display_, XkbKeySymsMask | XkbKeyTypesMask, device);
+  const KeyboardDescription map(XkbGetMap(display_, XkbKeySymsMask | XkbKeyTypesMask, device));
   if (map == nullptr) return;
   // A type that knows of Shift and Caps Lock and gives the same symbol for all: without one,
   // applications would apply them by themselves.
   int type = XkbAlphabeticIndex;
   std::uint32_t first = std::numeric_limits<KeyCode>::max(), last = 0;
   for (const auto& [key, symbol] : bindings) {
-    if (XkbChangeTypesOfKey(map, static_cast<int>(key), 1, XkbGroup1Mask, &type, nullptr) !=
+    if (XkbChangeTypesOfKey(map.get(), static_cast<int>(key), 1, XkbGroup1Mask, &type, nullptr) !=
         Success) {
       continue;
     }
-    KeySym* const symbols = XkbKeySymsPtr(map, key);
+    KeySym* const symbols = XkbKeySymsPtr(map.get(), key);
     symbols[0] = symbols[1] = symbol;
     first = std::min(first, key);
     last = std::max(last, key);
@@ -203,9 +198,8 @@ void SpareKeys::bindOn(unsigned device, const std::vector<Binding>& bindings) {
     changes.changed = XkbKeySymsMask;
     changes.first_key_sym = static_cast<KeyCode>(first);
     changes.num_key_syms = static_cast<unsigned char>(last - first + 1);
-    XkbChangeMap(display_, map, &changes);
+    XkbChangeMap(display_, map.get(), &changes);
   }
-  XkbFreeKeyboard(map, XkbAllComponentsMask, True);
 }
 
 }  // namespace mirvane
