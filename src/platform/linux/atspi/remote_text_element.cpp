@@ -48,7 +48,7 @@ std::optional<Utf16Range> RemoteTextElement::selectedTextRange() const {
 
 void RemoteTextElement::setSelectedTextRange(Utf16Range range) {
   selection_ = range;
-  if (range.length > 0 || std::exchange(wasRefused_, false) || !refresh()) return;
+  if (range.length > 0 || wasRefused_ || !refresh()) return;
   const auto caret = inField(range).start;
   isStale_ = true;
   (void)services_.link.ask<bool>([field = field_, caret] {
@@ -59,7 +59,7 @@ void RemoteTextElement::setSelectedTextRange(Utf16Range range) {
 }
 
 std::optional<std::u16string> RemoteTextElement::expectedText(Utf16Range range) const {
-  if (written_ && written_->location == range.location) return written_->text;
+  if (held_ && held_->location == range.location) return held_->text;
   return content_.text.text(range);
 }
 
@@ -67,8 +67,12 @@ void RemoteTextElement::setSelectedText(std::string_view text) {
   wasRefused_ = true;
   if (!selection_) return;
   const auto replaced = expectedText(*selection_);
-  if (!replaced || !services_.link.isOpen()) return;
-  const FieldWriter::Replacement replacement{inField(*selection_), *replaced, std::string(text)};
+  if (!replaced) return;
+  held_ = Held{selection_->location, *replaced};
+  if (!services_.link.isOpen()) return;
+  const auto length = static_cast<std::int64_t>(replaced->size());
+  const FieldWriter::Replacement replacement{inField({selection_->location, length}), *replaced,
+                                             std::string(text)};
   isStale_ = true;
   const auto isDone = services_.link.ask<bool>(
       [field = field_, place = place_, replacement, &writer = services_.writer] {
@@ -76,7 +80,7 @@ void RemoteTextElement::setSelectedText(std::string_view text) {
       });
   wasRefused_ = !isDone.value_or(false);
   // What takes longer to answer is mostly done: the field is compared before it is written again.
-  if (isDone.value_or(true)) written_ = Written{selection_->location, text::toUtf16(text)};
+  if (isDone.value_or(true)) held_->text = text::toUtf16(text);
 }
 
 }  // namespace mirvane

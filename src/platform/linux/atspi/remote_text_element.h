@@ -13,8 +13,7 @@ namespace mirvane {
 /// seen, until something is written; a range keeps its meaning for the life of the element.
 ///
 /// A selection that is not empty is only remembered, and made when the text for it comes: not every
-/// application can select. A caret that is set behind a text which was refused, or is still being
-/// typed, stays where it is.
+/// application can select. Where that text was refused, or is still being typed, the caret stays.
 class RemoteTextElement : public AccessibilityElement {
  public:
   struct Services {
@@ -36,7 +35,7 @@ class RemoteTextElement : public AccessibilityElement {
   void setSelectedText(std::string_view text) override;
 
  private:
-  struct Written {
+  struct Held {
     std::int64_t location = 0;
     std::u16string text;
   };
@@ -52,7 +51,9 @@ class RemoteTextElement : public AccessibilityElement {
   mutable FieldContent content_;
   mutable bool isStale_ = false;
   std::optional<Utf16Range> selection_;
-  std::optional<Written> written_;
+  /// What the field held where it was to be written last, or has held since. What it is seen to
+  /// hold there later may be somebody else's.
+  std::optional<Held> held_;
   bool wasRefused_ = false;
 };
 
