@@ -180,10 +180,13 @@ class DesktopInput::Thread {
   }
 
   void handlePointer(XGenericEventCookie& cookie) {
-    if (cookie.evtype != XI_RawButtonPress || XGetEventData(display_.get(), &cookie) == 0) return;
+    const bool isButton = cookie.evtype == XI_RawButtonPress;
+    if (!isButton && cookie.evtype != XI_RawTouchBegin) return;
+    if (XGetEventData(display_.get(), &cookie) == 0) return;
     const auto& press = *static_cast<const XIRawEvent*>(cookie.data);
     constexpr int firstWheelButton = 4, lastWheelButton = 7;
-    const bool isWheel = press.detail >= firstWheelButton && press.detail <= lastWheelButton;
+    const bool isWheel =
+        isButton && press.detail >= firstWheelButton && press.detail <= lastWheelButton;
     if (!isWheel) handlePress(uptimeOf(press.time) / millisecondsPerSecond);
     XFreeEventData(display_.get(), &cookie);
   }

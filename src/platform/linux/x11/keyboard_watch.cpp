@@ -29,6 +29,7 @@ void KeyboardWatch::selectEvents() {
   XISetMask(bits.data(), XI_RawKeyPress);
   XISetMask(bits.data(), XI_RawKeyRelease);
   XISetMask(bits.data(), XI_RawButtonPress);
+  XISetMask(bits.data(), XI_RawTouchBegin);
   XIEventMask raw{XIAllMasterDevices, static_cast<int>(bits.size()), bits.data()};
   XISelectEvents(display_, DefaultRootWindow(display_), &raw, 1);
   bits.fill(0);
