@@ -94,6 +94,15 @@ class Texts(ElsewhereTest):
         self.type("teh lazy dgo and helo ")
         self.assert_as_replayed(editor, "Some old ", " here.")
 
+    def test_other_word_that_the_caret_was_moved_to_is_left_alone(self):
+        above = "Mr Wqxd"
+        editor = self.open_at(above + "\n", "")
+        self.type("did write helo")
+        editor.place_caret(above)
+        wait_for(lambda: editor.caret() == len(above), "the caret in the other line")
+        self.type(", ")
+        self.assertEqual(editor.settled_text(), above + ", \ndid write helo")
+
     def check_layout(self, name, typed):
         self.keyboard.use_layout(name)
         self.addCleanup(self.keyboard.use_layout, "us")
@@ -168,6 +177,18 @@ class Cycling(ElsewhereTest):
             seen.append(editor.text())
         self.assertGreater(len(seen), 3, seen)
         self.assertEqual(self.study.text(), "")
+
+    def test_nothing_is_replaced_where_the_word_has_moved_away(self):
+        editor = self.open()
+        self.type("form ")
+        editor.insert_in_front("Qx ")
+        editor.place_caret("Qx")
+        self.study.activate()
+        for _ in range(3):
+            self.keyboard.strike(RIGHT_ALT)
+            self.assertEqual(editor.settled_text(), "Qx form ")
+        self.assertEqual(editor.caret(), len("Qx"))
+        self.assertIn("[cycle]", self.report())
 
 
 if __name__ == "__main__":

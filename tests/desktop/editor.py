@@ -82,6 +82,10 @@ class Editor(Program):
         """Behind this part of the text."""
         self.element.get_text_iface().set_caret_offset(self._length(before))
 
+    def insert_in_front(self, text):
+        """Of the whole document, as something else than keys would."""
+        self.element.get_editable_text_iface().insert_text(0, text, len(text))
+
     def select(self, before, selected):
         """This part of the text, which stands behind `before`."""
         self.place_caret(before)  # Kate leaves it where it is
@@ -157,6 +161,11 @@ class GtkField(Editor):
     """One line; its window closes without a question."""
 
     command = ("/usr/bin/python3", os.path.join(FOLDER, "gtk_field.py"))
+
+
+class Gtk4Form(Editor):
+    command = ("/usr/bin/python3", os.path.join(FOLDER, "gtk4_field.py"))
+    starts_slowly = True
 
 
 class QtField(Editor):

@@ -6,8 +6,11 @@ import threading
 import time
 import unittest
 
-from editor import GtkField, Mousepad, QtField, Terminal
+from gi.repository import Atspi
+
+from editor import Gtk4Form, GtkField, Mousepad, QtField, Terminal
 from elsewhere_case import EDITOR, ElsewhereTest, raw_typed
+from program import has_state
 
 PASSWORD = "vqzjx7kwyq2"
 CONTROL = "xkcdwzqj"  # typed into an editor, so that a search that finds nothing would show
@@ -92,9 +95,9 @@ class Secrets(SecretsTest):
 class Forms(SecretsTest):
     """A field for the user name and one for the password in the same window."""
 
-    def check(self, kind, stopped=0):
+    def check(self, kind, stopped=0, option="--password"):
         """With the program stopped for so many seconds from the Tab on."""
-        form = self.open(kind=kind.with_options("--user-name", "--password"))
+        form = self.open(kind=kind.with_options("--user-name", option))
         name = f"teh {CONTROL} helo"
         self.type(name)
         if stopped:
@@ -104,12 +107,19 @@ class Forms(SecretsTest):
         self.assert_unknown(PASSWORD)
         self.assertIn(form.settled_text(), (f"{first} {CONTROL} {last}" for first in ("teh", "the")
                                             for last in ("helo", "hello")))
-        hidden = form.focused_text_element().get_text_iface()
+        *_, hidden = (element.get_text_iface() for element in form.elements()
+                      if has_state(element, Atspi.StateType.EDITABLE))
         self.assertEqual(hidden.get_character_count(), len(PASSWORD + " "))
         self.assert_unsaved(PASSWORD, name, name + "\t")
 
     def test_form_of_gtk(self):
         self.check(GtkField)
+
+    def test_form_of_gtk_4(self):
+        self.check(Gtk4Form)
+
+    def test_form_of_gtk_4_with_a_field_that_is_not_said_to_have_the_focus(self):
+        self.check(Gtk4Form, option="--password-row")
 
     def test_form_of_qt(self):
         self.check(QtField)

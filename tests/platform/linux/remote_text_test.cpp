@@ -1,10 +1,18 @@
-// The text of other applications as far as it needs no application: offsets, and which change of
-// text belongs to which key.
+// The text of other applications as far as it needs no application: offsets, which change of text
+// belongs to which key, and which word the keys were typed into.
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "platform/linux/atspi/key_effects.h"
+#include "platform/linux/atspi/shown_text.h"
 #include "platform/linux/atspi/text_window.h"
+#include "text/utf16.h"
 
 namespace mirvane {
 namespace {
@@ -46,6 +54,41 @@ TEST(TextWindow, AnswersOnlyWhatItHolds) {
   EXPECT_EQ(window.text({104, 2}), std::nullopt);
   EXPECT_EQ(window.text({100, -1}), std::nullopt);
   EXPECT_EQ(window.text({105, 0}), u"");
+}
+
+FieldContent contentBefore(std::u16string before) {
+  const auto caret = static_cast<std::int64_t>(before.size());
+  return {TextWindow(TextUnit::utf16, caret, 0, std::move(before)), {caret, 0}};
+}
+
+TEST(ShownText, EndsInTheWordThatTheKeysWereTypedInto) {
+  struct Row {
+    std::u16string seen;
+    std::vector<std::string> typedUnseen;
+    std::u16string now;
+    bool isSameWord;
+  };
+  for (const auto& [seen, typedUnseen, now, isSameWord] : std::initializer_list<Row>{
+           {u"so helo", {}, u"so helo ", true},
+           {u"so helo", {}, u"so helo.\n    ", true},
+           {u"so helo", {}, u"other helo ", true},
+           {u"so (\"helo", {}, u"so (\"helo\") ", true},
+           {u"so he", {"l", "o"}, u"so helo ", true},
+           {u"so", {"\r", "h", "i"}, u"so\nhi ", true},
+           {u"so helo", {}, u"Mr Wqxd ", false},
+           {u"so helo", {}, u"", false},
+           {u"so helo", {}, u"helohelo ", false},
+           {u"so he", {"l"}, u"so helo ", false},
+           {u"so helo", {"\x7F"}, u"so helo ", false},
+       }) {
+    ShownText shown;
+    EXPECT_FALSE(shown.endsInWordOf(contentBefore(now)));
+    shown.see(contentBefore(seen));
+    for (const auto& typed : typedUnseen) shown.add(typed);
+    EXPECT_EQ(shown.endsInWordOf(contentBefore(now)), isSameWord) << text::toUtf8(now);
+    shown.add(std::nullopt);
+    EXPECT_FALSE(shown.endsInWordOf(contentBefore(now)));
+  }
 }
 
 class Effects : public testing::Test {

@@ -42,25 +42,14 @@ std::optional<ReportableKey> ApplicationKeys::take(const DesktopKey& key,
                                                    const DesktopInput& input) {
   auto context = contextOf(key, input);
   if (context.isSecure) {
-    noteMissedKey();
+    hasMissedKeys_ = true;
     return std::nullopt;
   }
   // How often a held key has been repeated is a guess.
   hasRepeats_ = hasRepeats_ || key.key.isRepeat;
   const bool mayType = !hasMissedKeys_ && !hasRepeats_;
-  if (key.hold != KeyHold::none) {
-    // What the engine would replace the word by fits the keys that it has heard of.
-    if (hasMissedKeys_ && !wasTextShown_) context.text.content.reset();
-    hasMissedKeys_ = hasRepeats_ = false;
-  } else if (key.key.isDown) {
-    wasTextShown_ = context.text.content.has_value();
-  }
+  if (key.hold != KeyHold::none) hasMissedKeys_ = hasRepeats_ = false;
   return ReportableKey{key, std::move(context), mayType};
-}
-
-void ApplicationKeys::noteMissedKey() {
-  hasMissedKeys_ = true;
-  wasTextShown_ = false;
 }
 
 KeyContext ApplicationKeys::contextOf(const DesktopKey& key, const DesktopInput& input) {

@@ -34,7 +34,7 @@ class ApplicationKeys {
   [[nodiscard]] std::optional<ReportableKey> take(const DesktopKey& key, const DesktopInput& input);
 
   /// A key has gone by unseen.
-  void noteMissedKey();
+  void noteMissedKey() { hasMissedKeys_ = true; }
 
   void notePointer() { watch_.notePointer(); }
 
@@ -61,7 +61,6 @@ class ApplicationKeys {
   // Of the word that is being typed.
   bool hasMissedKeys_ = false;
   bool hasRepeats_ = false;
-  bool wasTextShown_ = false;  ///< with the last key, after all that were missed
 };
 
 }  // namespace mirvane

@@ -157,25 +157,45 @@ TextAtCaret FocusWatch::focusedText(int processId) {
 }
 
 KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
+  auto context = lookFor(processId, key);
+  if (context.isSecure) return context;
+  auto& content = context.text.content;
+  // What would be corrected is the word that was there at the last key, not another one that the
+  // caret stands behind by now.
+  const bool isEnd = key.text && text::isBoundaryKeyText(*key.text);
+  const bool isOtherWord = content && isEnd && !shown_.endsInWordOf(*content);
+  if (content) {
+    shown_.see(*content);
+  } else {
+    shown_.add(key.text);
+  }
+  if (isOtherWord) content.reset();
+  return context;
+}
+
+KeyContext FocusWatch::lookFor(int processId, const AwaitedKey& key) {
   const auto* const application = finder_.nameOf(processId);
   const auto effect = expectEffect(application, key);
   enter(application);
   // A line that is looked at so late may show by now what it hid.
   if (!hasSeenFocus_ && Clock::now() > key.deliveredAt + longestEffect) hasUnseenKeys_ = true;
   auto field = lookAtFocus(processId);
-  const bool isUnanswered = field == nullptr && finder_.isUnanswered(processId);
   // The last key of a password may have moved the focus on.
   if (wasSecure(key.pressedAt)) return {true, {}};
-  // What does not answer, or not yet, may have a password field in front.
-  const bool isUnknown = !hasSeenFocus_ && (application != nullptr || isUnanswered);
-  hasUnseenKeys_ = hasUnseenKeys_ || isUnknown;
-  if (!field) return {isUnknown || isUnanswered, {}};
+  if (!field) return contextWithoutField(application != nullptr || finder_.isUnanswered(processId));
   const bool hasEffect = !effect || awaitEffect(*effect, key.deliveredAt + longestEffect);
   // A key may have moved the focus, to a password field too.
   if (!field->isFocused()) field = lookAtFocus(processId);
   if (isSecure_) return {true, {}};
-  if (!field) return {false, {}};
+  if (!field) return {!hasEffect, {}};
   return contextIn(field, key, hasEffect);
+}
+
+/// What does not answer may have a password field in front, and what names no element too, as long
+/// as it takes part in accessibility.
+KeyContext FocusWatch::contextWithoutField(bool mayTakePart) {
+  if (mayTakePart && !hasSeenFocus_) hasUnseenKeys_ = true;
+  return {mayTakePart, {}};
 }
 
 KeyContext FocusWatch::contextIn(const std::shared_ptr<TextField>& field, const AwaitedKey& key,
@@ -186,7 +206,6 @@ KeyContext FocusWatch::contextIn(const std::shared_ptr<TextField>& field, const 
   if (isBehind) return {mayHaveMoved_, {}};
   mayHaveMoved_ = movesFocus(key);
   auto text = key.text ? readBehind(field, *key.text) : finder_.readAtCaret(field);
-  beforeCaret_ = text.content ? text.content->beforeCaret() : std::nullopt;
   if (text.content && !isWorkOf(key, hasEffect, *text.content)) text.content.reset();
   return {false, std::move(text)};
 }
@@ -197,7 +216,7 @@ TextAtCaret FocusWatch::readBehind(const std::shared_ptr<TextField>& field,
                                    const std::string& typed) {
   // The same letter may stand there from the key before.
   const auto isBehind = [&](const FieldContent& content) {
-    return endsWith(content, typed) && content.beforeCaret() != beforeCaret_;
+    return endsWith(content, typed) && !shown_.isStill(content);
   };
   const auto deadline = Clock::now() + longestLag;
   auto text = finder_.readAtCaret(field);

@@ -10,6 +10,7 @@
 #include "platform/linux/atspi/accessibility_thread.h"
 #include "platform/linux/atspi/focus_finder.h"
 #include "platform/linux/atspi/key_effects.h"
+#include "platform/linux/atspi/shown_text.h"
 
 namespace mirvane {
 
@@ -25,7 +26,8 @@ struct AwaitedKey {
 struct KeyContext {
   /// The key may be part of a password: nobody is to hear of it.
   bool isSecure = false;
-  /// With the key's effect in it: absent as well when the effect is not there.
+  /// With the key's effect in it: absent as well when the effect is not there, or when the key ends
+  /// another word than the one that the keys before it were typed into.
   TextAtCaret text;
 };
 
@@ -59,7 +61,10 @@ class FocusWatch {
   [[nodiscard]] TextAtCaret focusedText(int processId);
 
   /// Another window is in front now.
-  void noteActivation() { hasSeenFocus_ = hasUnseenKeys_ = false; }
+  void noteActivation() {
+    hasSeenFocus_ = hasUnseenKeys_ = false;
+    shown_.forget();
+  }
 
   /// It is an own one, or one that is not asked anything.
   void leave() { enter(nullptr); }
@@ -86,7 +91,9 @@ class FocusWatch {
   void setSecure(bool isSecure);
   /// The focused element of the process that was entered; null when there is none to be reached.
   [[nodiscard]] std::shared_ptr<TextField> lookAtFocus(int processId);
-  /// The same in the field with the focus, which has shown the key's effect or will not.
+  [[nodiscard]] KeyContext lookFor(int processId, const AwaitedKey& key);
+  [[nodiscard]] KeyContext contextWithoutField(bool mayTakePart);
+  /// In the field with the focus, which has shown the key's effect or will not.
   [[nodiscard]] KeyContext contextIn(const std::shared_ptr<TextField>& field, const AwaitedKey& key,
                                      bool hasEffect);
   [[nodiscard]] TextAtCaret readBehind(const std::shared_ptr<TextField>& field,
@@ -103,8 +110,7 @@ class FocusWatch {
   /// The focus may be elsewhere than the application says: it has shown no effect of a key since
   /// one that moves the focus.
   bool mayHaveMoved_ = false;
-  /// What stood before the caret at the last key that was read for.
-  std::optional<std::u16string> beforeCaret_;
+  ShownText shown_;
   bool hasSeenFocus_ = false;   ///< in the window in front
   bool hasUnseenKeys_ = false;  ///< typed there before
   std::atomic<bool> isSecure_ = false;
