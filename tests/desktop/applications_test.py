@@ -103,6 +103,11 @@ class Texts(ElsewhereTest):
         self.type(", ")
         self.assertEqual(editor.settled_text(), above + ", \nI did write helo")
 
+    def test_line_end_behind_a_word_indents_once(self):
+        editor = self.open_at("x\n    I", "")
+        self.type(" see teh\rxkcdwzqj")
+        self.assertRegex(editor.settled_text(), r"^x\n    I see t(he|eh)\n(    )?xkcdwzqj$")
+
     def check_layout(self, name, typed):
         self.keyboard.use_layout(name)
         self.addCleanup(self.keyboard.use_layout, "us")

@@ -4,7 +4,10 @@
 #include <utility>
 
 #include "platform/key_codes.h"
+#include "platform/linux/key_identity.h"
 #include "platform/linux/x11/server_clock.h"
+#include "text/scalars.h"
+#include "text/word_boundaries.h"
 
 namespace mirvane {
 namespace {
@@ -20,14 +23,21 @@ constexpr std::uint64_t commandModifiers = modifier::control | modifier::option 
 /// that need not type any.
 std::optional<std::string> effectOf(const WatchedKey& key) {
   if (!key.isDown || !key.text || (key.modifierFlags & commandModifiers) != 0) return std::nullopt;
+  // It deletes behind the caret.
+  if (virtualKeyCode(key.scanCode) == keycode::forwardDelete) return std::nullopt;
   const bool isControl = static_cast<unsigned char>(key.text->front()) < ' ';
   if (isControl && key.text != "\r") return std::nullopt;
   return key.text;
 }
 
 AwaitedKey awaited(const WatchedKey& key) {
-  return {effectOf(key), timePoint(key.timestamp * millisecondsPerSecond),
+  return {effectOf(key), key.text && text::isBoundaryKeyText(*key.text),
+          timePoint(key.timestamp * millisecondsPerSecond),
           timePoint(key.deliveredAt * millisecondsPerSecond)};
+}
+
+bool isInWord(char16_t unit) {
+  return text::isLetter(unit) || text::isNumber(unit);
 }
 
 /// Whether Backspaces may take this back without a look: in a chat it may have been sent, in a form
@@ -85,7 +95,10 @@ bool ApplicationKeys::mayStandBeforeCaret(int processId, const std::u16string& e
   const auto content = look(processId).content;
   if (isSecure()) return false;
   if (!content) return !watch_.takesPart(processId) && mayBeTakenBackBlindly(expected);
-  return content->selection.length == 0 && content->hasBeforeCaret(expected);
+  if (content->selection.length > 0 || !content->hasBeforeCaret(expected)) return false;
+  // The end of a longer word may not be what the replacement is for.
+  const auto before = content->beforeCaret().value_or(std::u16string());
+  return before.size() <= expected.size() || !isInWord(before[before.size() - expected.size() - 1]);
 }
 
 }  // namespace mirvane

@@ -63,6 +63,13 @@ bool isTakenBackByKeys(const std::u16string& text, const std::u16string& tail) {
          text::characterCount(text::toUtf8(text)) == text.size();
 }
 
+/// What was typed of the text behind a word: behind a line end the editor has put the rest itself,
+/// such as an indent, and will again.
+std::u16string typedPart(const std::u16string& tail) {
+  const auto lineEnd = tail.find(u'\n');
+  return lineEnd == std::u16string::npos ? tail : tail.substr(0, lineEnd + 1);
+}
+
 /// Whether something stands there that could not be typed again.
 bool holdsEmbedded(const std::u16string& text) {
   return text.find(u'\uFFFC') != std::u16string::npos;
@@ -176,7 +183,7 @@ std::optional<FieldWriter::Typed> FieldWriter::keysFor(const TextField& field,
   const auto tail = old->substr(replacement.replaced.size());
   return Typed{{range.start, *caret},
                *old,
-               text::toUtf16(replacement.text) + tail,
+               text::toUtf16(replacement.text) + typedPart(tail),
                isTakenBackByKeys(*old, tail)};
 }
 

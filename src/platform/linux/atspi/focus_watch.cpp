@@ -5,7 +5,6 @@
 
 #include "platform/linux/atspi/application_name.h"
 #include "platform/linux/field_text.h"
-#include "text/word_boundaries.h"
 
 namespace mirvane {
 namespace {
@@ -34,7 +33,7 @@ bool endsWith(const FieldContent& content, const std::string& typed) {
 /// Whether the text is known to be as the key has left it: a later key's work fits another word.
 /// Behind a line end an editor may have put something itself.
 bool isWorkOf(const AwaitedKey& key, bool hasEffect, const FieldContent& content) {
-  if (!key.text || (hasEffect && text::isBoundaryKeyText(*key.text))) return true;
+  if (!key.text || (hasEffect && key.endsWord)) return true;
   return endsWith(content, *key.text);
 }
 
@@ -162,8 +161,7 @@ KeyContext FocusWatch::contextOfKey(int processId, const AwaitedKey& key) {
   auto& content = context.text.content;
   // What would be corrected is the word that was there at the last key, not another one that the
   // caret stands behind by now.
-  const bool isEnd = key.text && text::isBoundaryKeyText(*key.text);
-  const bool isOtherWord = content && isEnd && !shown_.endsInWordOf(*content);
+  const bool isOtherWord = content && key.endsWord && !shown_.endsInWordOf(*content);
   if (content) {
     shown_.see(*content);
   } else {
@@ -178,11 +176,14 @@ KeyContext FocusWatch::lookFor(int processId, const AwaitedKey& key) {
   const auto effect = expectEffect(application, key);
   enter(application);
   // A line that is looked at so late may show by now what it hid.
-  if (!hasSeenFocus_ && Clock::now() > key.deliveredAt + longestEffect) hasUnseenKeys_ = true;
+  const bool isLate = Clock::now() > key.deliveredAt + longestEffect;
+  if (!hasSeenFocus_ && isLate && key.text) hasUnseenKeys_ = true;
   auto field = lookAtFocus(processId);
   // The last key of a password may have moved the focus on.
   if (wasSecure(key.pressedAt)) return {true, {}};
-  if (!field) return contextWithoutField(application != nullptr || finder_.isUnanswered(processId));
+  if (!field) {
+    return contextWithoutField(application != nullptr || finder_.isUnanswered(processId), key);
+  }
   const bool hasEffect = !effect || awaitEffect(*effect, key.deliveredAt + longestEffect);
   // A key may have moved the focus, to a password field too.
   if (!field->isFocused()) field = lookAtFocus(processId);
@@ -193,8 +194,8 @@ KeyContext FocusWatch::lookFor(int processId, const AwaitedKey& key) {
 
 /// What does not answer may have a password field in front, and what names no element too, as long
 /// as it takes part in accessibility.
-KeyContext FocusWatch::contextWithoutField(bool mayTakePart) {
-  if (mayTakePart && !hasSeenFocus_) hasUnseenKeys_ = true;
+KeyContext FocusWatch::contextWithoutField(bool mayTakePart, const AwaitedKey& key) {
+  if (mayTakePart && !hasSeenFocus_ && key.text) hasUnseenKeys_ = true;
   return {mayTakePart, {}};
 }
 

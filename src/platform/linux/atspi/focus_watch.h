@@ -18,6 +18,7 @@ namespace mirvane {
 struct AwaitedKey {
   /// What it types: the effect to wait for. Absent when it need not type anything.
   std::optional<std::string> text;
+  bool endsWord = false;
   KeyEffects::Clock::time_point pressedAt;
   KeyEffects::Clock::time_point deliveredAt;  ///< to the application
 };
@@ -92,7 +93,7 @@ class FocusWatch {
   /// The focused element of the process that was entered; null when there is none to be reached.
   [[nodiscard]] std::shared_ptr<TextField> lookAtFocus(int processId);
   [[nodiscard]] KeyContext lookFor(int processId, const AwaitedKey& key);
-  [[nodiscard]] KeyContext contextWithoutField(bool mayTakePart);
+  [[nodiscard]] KeyContext contextWithoutField(bool mayTakePart, const AwaitedKey& key);
   /// In the field with the focus, which has shown the key's effect or will not.
   [[nodiscard]] KeyContext contextIn(const std::shared_ptr<TextField>& field, const AwaitedKey& key,
                                      bool hasEffect);

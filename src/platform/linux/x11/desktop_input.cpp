@@ -187,14 +187,16 @@ class DesktopInput::Thread {
     constexpr int firstWheelButton = 4, lastWheelButton = 7;
     const bool isWheel =
         isButton && press.detail >= firstWheelButton && press.detail <= lastWheelButton;
-    if (!isWheel) handlePress(uptimeOf(press.time) / millisecondsPerSecond);
+    // A touch need not take the pointer along.
+    if (!isWheel) handlePress(press.time, isButton && isPointerInOwnWindow());
     XFreeEventData(display_.get(), &cookie);
   }
 
-  void handlePress(double timestamp) {
+  void handlePress(unsigned long serverTime, bool isInOwnWindow) {
     // It may put the caret elsewhere, where nothing is to be typed or deleted.
     endHolds();
-    if (isWatching_ && !isPointerInOwnWindow()) callbacks_.onPointerDown(timestamp);
+    if (!isWatching_ || isInOwnWindow) return;
+    callbacks_.onPointerDown(uptimeOf(serverTime) / millisecondsPerSecond);
   }
 
   [[nodiscard]] bool isPointerInOwnWindow() const {
