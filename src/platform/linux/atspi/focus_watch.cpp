@@ -216,12 +216,12 @@ KeyContext FocusWatch::contextIn(const std::shared_ptr<TextField>& field, const 
 TextAtCaret FocusWatch::readBehind(const std::shared_ptr<TextField>& field,
                                    const std::string& typed) {
   // The same letter may stand there from the key before.
-  const auto isBehind = [&](const FieldContent& content) {
+  const auto hasMoved = [&](const FieldContent& content) {
     return endsWith(content, typed) && !shown_.isStill(content);
   };
   const auto deadline = Clock::now() + longestLag;
   auto text = finder_.readAtCaret(field);
-  while (text.content && !isBehind(*text.content) && Clock::now() < deadline) {
+  while (text.content && !hasMoved(*text.content) && Clock::now() < deadline) {
     thread_.waitUntil([] { return false; }, Clock::now() + lookAgain);
     text = finder_.readAtCaret(field);
   }

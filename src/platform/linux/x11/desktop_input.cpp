@@ -187,16 +187,16 @@ class DesktopInput::Thread {
     constexpr int firstWheelButton = 4, lastWheelButton = 7;
     const bool isWheel =
         isButton && press.detail >= firstWheelButton && press.detail <= lastWheelButton;
-    // A touch need not take the pointer along.
-    if (!isWheel) handlePress(press.time, isButton && isPointerInOwnWindow());
+    if (!isWheel) handlePress(uptimeOf(press.time) / millisecondsPerSecond, isButton);
     XFreeEventData(display_.get(), &cookie);
   }
 
-  void handlePress(unsigned long serverTime, bool isInOwnWindow) {
+  void handlePress(double timestamp, bool isButton) {
     // It may put the caret elsewhere, where nothing is to be typed or deleted.
     endHolds();
-    if (!isWatching_ || isInOwnWindow) return;
-    callbacks_.onPointerDown(uptimeOf(serverTime) / millisecondsPerSecond);
+    // A touch need not take the pointer along.
+    const auto isInOwnWindow = [&] { return isButton && isPointerInOwnWindow(); };
+    if (isWatching_ && !isInOwnWindow()) callbacks_.onPointerDown(timestamp);
   }
 
   [[nodiscard]] bool isPointerInOwnWindow() const {
