@@ -14,20 +14,35 @@ KeyInputTracker::KeyInputTracker(const Platform& platform, const TypingConfig& c
 
 void KeyInputTracker::start() {
   if (isStarted()) return;
-  auto& monitors = platform_.monitors;
-  keyDownMonitor_.set(
-      monitors.addGlobalMonitor(EventMask::keyDown, queued(&KeyInputTracker::keyDown)));
-  keyUpMonitor_.set(monitors.addGlobalMonitor(EventMask::keyUp, queued(&KeyInputTracker::keyUp)));
-  mouseDownMonitor_.set(
-      monitors.addGlobalMonitor(EventMask::pointerDown, queued(&KeyInputTracker::pointerDown)));
+  watchEverywhere(keyDownMonitor_, EventMask::keyDown, &KeyInputTracker::keyDown);
+  watchEverywhere(keyUpMonitor_, EventMask::keyUp, &KeyInputTracker::keyUp);
+  watchEverywhere(mouseDownMonitor_, EventMask::pointerDown, &KeyInputTracker::pointerDown);
+  observeActivation();
+  watchOwnWindows(localKeyDownMonitor_, EventMask::keyDown, &KeyInputTracker::keyDown);
+  watchOwnWindows(localKeyUpMonitor_, EventMask::keyUp, &KeyInputTracker::keyUp);
+}
+
+// Where the platform refused the first of the monitors, the tracker counts as not started although
+// the others stand: starting it again must not overwrite their handles.
+
+void KeyInputTracker::watchEverywhere(Handle& monitor, EventMask kind, Entry entry) {
+  if (!monitor->has_value()) {
+    monitor.set(platform_.monitors.addGlobalMonitor(kind, queued(entry)));
+  }
+}
+
+void KeyInputTracker::watchOwnWindows(Handle& monitor, EventMask kind, Entry entry) {
+  if (!monitor->has_value()) {
+    monitor.set(platform_.monitors.addLocalMonitor(kind, queued(entry)));
+  }
+}
+
+void KeyInputTracker::observeActivation() {
+  if (appActivationObserver_->has_value()) return;
   appActivationObserver_.set(platform_.workspace.addActivationObserver(
       [&tasks = platform_.tasks, activated = lifetime_.guard([this] { handleAppActivated(); })] {
         tasks.post(activated);
       }));
-  localKeyDownMonitor_.set(
-      monitors.addLocalMonitor(EventMask::keyDown, queued(&KeyInputTracker::keyDown)));
-  localKeyUpMonitor_.set(
-      monitors.addLocalMonitor(EventMask::keyUp, queued(&KeyInputTracker::keyUp)));
 }
 
 void KeyInputTracker::stop() {
@@ -92,7 +107,7 @@ void KeyInputTracker::handleAppActivated() {
   typedWordBuffer_.reset();
 }
 
-EventMonitors::Handler KeyInputTracker::queued(void (KeyInputTracker::*entry)(const InputEvent&)) {
+EventMonitors::Handler KeyInputTracker::queued(Entry entry) {
   auto handle = lifetime_.guard([this, entry](const InputEvent& event) { (this->*entry)(event); });
   return [&tasks = platform_.tasks, handle](const InputEvent& event) {
     tasks.post([handle, event] { handle(event); });

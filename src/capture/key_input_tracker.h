@@ -53,7 +53,8 @@ class KeyInputTracker {
   [[nodiscard]] const TypedWordBuffer& typedWordBuffer() const { return typedWordBuffer_; }
   [[nodiscard]] bool isStarted() const { return keyDownMonitor_->has_value(); }
 
-  /// Installs the monitors; a refused one is left out. Does nothing when already started.
+  /// Installs the monitors; a refused one is left out. Does nothing when already started, and never
+  /// installs a monitor twice.
   void start();
 
   /// Removes the monitors. What was recorded stays.
@@ -74,9 +75,13 @@ class KeyInputTracker {
 
  private:
   using Handle = Observable<std::optional<MonitorHandle>>;
+  using Entry = void (KeyInputTracker::*)(const InputEvent&);
 
+  void watchEverywhere(Handle& monitor, EventMask kind, Entry entry);
+  void watchOwnWindows(Handle& monitor, EventMask kind, Entry entry);
+  void observeActivation();
   /// A monitor handler that hands a copy of the event to `entry` as a task of its own.
-  EventMonitors::Handler queued(void (KeyInputTracker::*entry)(const InputEvent&));
+  EventMonitors::Handler queued(Entry entry);
   void keyDown(const InputEvent& event);
   void keyUp(const InputEvent& event);
   void pointerDown(const InputEvent& event);

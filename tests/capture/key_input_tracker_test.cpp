@@ -176,6 +176,16 @@ TEST_F(KeyInputTrackerTest, DoesWithoutMonitorsThatAreRefused) {
   EXPECT_EQ(installed(), 0U);
 }
 
+TEST_F(KeyInputTrackerTest, InstallsNoMonitorTwiceWhereTheFirstIsRefused) {
+  tracker->stop();
+  desktop.monitors().refuse(MonitorScope::global, EventMask::keyDown);
+  tracker->start();
+  tracker->start();
+  EXPECT_EQ(installed(), 5U);
+  tracker->stop();
+  EXPECT_EQ(installed(), 0U);
+}
+
 TEST_F(KeyInputTrackerTest, MayDieWithTasksPending) {
   desktop.keyboard().press({0, "a"});
   desktop.keyboard().release({0, "a"});
