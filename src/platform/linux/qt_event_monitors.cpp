@@ -127,15 +127,19 @@ void QtEventMonitors::handleKey(const QKeyEvent& event) {
     return;
   }
   reportOwn({kindOf(event), keyCode, charactersOf(event), modifierKeys_.flagsAfter(event, keyCode),
-             static_cast<double>(event.timestamp()) / millisecondsPerSecond, 0});
+             secondsOf(event), 0});
+}
+
+double QtEventMonitors::secondsOf(const QInputEvent& event) const {
+  const double now = clock_.monotonicSeconds() * millisecondsPerSecond;
+  return wholeServerTime(event.timestamp(), now) / millisecondsPerSecond;
 }
 
 void QtEventMonitors::handleModifierKey(const QKeyEvent& event, std::uint16_t keyCode) {
   if (event.isAutoRepeat()) return;
   modifierKeys_.note(keyCode, event.type() == QEvent::KeyPress);
   reportOwn({EventMask::flagsChanged, keyCode, std::nullopt,
-             modifierKeys_.flagsAfter(event, keyCode),
-             static_cast<double>(event.timestamp()) / millisecondsPerSecond, 0});
+             modifierKeys_.flagsAfter(event, keyCode), secondsOf(event), 0});
 }
 
 void QtEventMonitors::handleCommit(const QInputMethodEvent& event) {
@@ -149,7 +153,7 @@ void QtEventMonitors::handlePointerDown(const QPointerEvent& event) {
   queue_.runPending();
   InputEvent pressed;
   pressed.kind = EventMask::pointerDown;
-  pressed.timestamp = static_cast<double>(event.timestamp()) / millisecondsPerSecond;
+  pressed.timestamp = secondsOf(event);
   reportOwn(pressed);
 }
 

@@ -9,6 +9,7 @@
 #include "platform/linux/other_applications.h"
 #include "platform/linux/qt_task_queue.h"
 
+class QInputEvent;
 class QInputMethodEvent;
 class QKeyEvent;
 class QPointerEvent;
@@ -50,6 +51,8 @@ class QtEventMonitors : public QObject, public EventMonitors {
   void handleModifierKey(const QKeyEvent& event, std::uint16_t keyCode);
   void handleCommit(const QInputMethodEvent& event);
   void handlePointerDown(const QPointerEvent& event);
+  /// When it happened, on the clock that goes on counting where the display server's begins anew.
+  [[nodiscard]] double secondsOf(const QInputEvent& event) const;
   static void report(const InputEvent& event, const std::vector<Monitor>& monitors);
   void reportOwn(const InputEvent& event) const { report(event, localMonitors_); }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <time.h>
+
 #include <chrono>
 
 #include "platform/clock.h"
@@ -13,6 +15,14 @@ class SystemClock : public Clock {
 
   [[nodiscard]] double monotonicSeconds() const override {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+  }
+
+  [[nodiscard]] double uptimeSeconds() const override {
+    timespec uptime{};
+    clock_gettime(CLOCK_BOOTTIME, &uptime);
+    using std::chrono::nanoseconds, std::chrono::seconds;
+    return std::chrono::duration<double>(seconds(uptime.tv_sec) + nanoseconds(uptime.tv_nsec))
         .count();
   }
 };

@@ -13,12 +13,18 @@ inline constexpr double millisecondsPerSecond = 1000.0;
   return std::chrono::duration<double, std::milli>(uptime).count();
 }
 
-/// The same for a time that the server gave lately: it keeps 32 bits and begins anew every 50 days.
-[[nodiscard]] inline double uptimeOf(unsigned long serverTime) {
-  const auto now = static_cast<std::int64_t>(uptimeMilliseconds());
+/// The whole of a time that the server gave lately: it keeps 32 bits of its milliseconds and begins
+/// anew every 50 days. The answer lies within 25 days of `nowMilliseconds`.
+[[nodiscard]] inline double wholeServerTime(std::uint64_t serverTime, double nowMilliseconds) {
+  const auto now = static_cast<std::int64_t>(nowMilliseconds);
   const auto age = static_cast<std::int32_t>(static_cast<std::uint32_t>(now) -
                                              static_cast<std::uint32_t>(serverTime));
   return static_cast<double>(now - age);
+}
+
+/// The same by the machine's own clock.
+[[nodiscard]] inline double uptimeOf(std::uint64_t serverTime) {
+  return wholeServerTime(serverTime, uptimeMilliseconds());
 }
 
 /// The same moment, of the clock behind `uptimeMilliseconds`.
