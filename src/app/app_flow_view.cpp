@@ -108,9 +108,9 @@ QWidget* AppFlowView::makeResults() {
 
 SessionSnapshot AppFlowView::makeSnapshot(int number) const {
   const bool isFirst = number == 1;
+  const auto& engine = isFirst ? engine1_ : engine2_;
   return makeSessionSnapshot(number, isFirst ? prompt1 : prompt2,
-                             isFirst ? *typedText1_ : *typedText2_, isFirst ? engine1_ : engine2_,
-                             services_.clock.now());
+                             isFirst ? *typedText1_ : *typedText2_, engine, engine.elapsed());
 }
 
 void AppFlowView::pollPermission() {

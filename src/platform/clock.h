@@ -18,6 +18,10 @@ class Clock {
 
   /// Seconds since the system started, never going back: the time base of input events.
   [[nodiscard]] virtual double monotonicSeconds() const = 0;
+
+  /// Seconds since the system started, those it slept through among them, never going back: for how
+  /// long something has lasted, whoever sets the date meanwhile.
+  [[nodiscard]] virtual double uptimeSeconds() const = 0;
 };
 
 }  // namespace mirvane

@@ -19,6 +19,7 @@ bool contains(std::string_view text, std::string_view part) {
 CorrectionEngine::CorrectionEngine(const EngineServices& services)
     : clock_(services.correction.clock),
       sessionStart_(clock_.now()),
+      startUptime_(clock_.uptimeSeconds()),
       keyInputTracker_(services.capture, services.correction.config),
       typingViewModel_(keyInputTracker_.typedWordBuffer(), true, services.correction) {
   // Tracker and view model are members: they cannot call an engine that is gone.
@@ -93,6 +94,7 @@ void CorrectionEngine::reset() {
   cycleIndex_.set(0);
   measurements_ = {};
   sessionStart_ = clock_.now();
+  startUptime_ = clock_.uptimeSeconds();
   keyInputTracker_.reset();
   typingViewModel_.clear();
 }

@@ -53,6 +53,9 @@ class CorrectionEngine {
   [[nodiscard]] const Measurements& measurements() const { return measurements_; }
   /// When the engine was made or last reset.
   [[nodiscard]] Clock::DateTime sessionStart() const { return sessionStart_; }
+  /// Seconds since then, also those the machine slept: what the difference of two date-times would
+  /// be if nobody had set the clock in between.
+  [[nodiscard]] double elapsed() const { return clock_.uptimeSeconds() - startUptime_; }
   [[nodiscard]] KeyInputTracker& keyInputTracker() { return keyInputTracker_; }
   [[nodiscard]] const KeyInputTracker& keyInputTracker() const { return keyInputTracker_; }
   [[nodiscard]] TypingViewModel& typingViewModel() { return typingViewModel_; }
@@ -81,6 +84,7 @@ class CorrectionEngine {
   Observable<std::int64_t> cycleIndex_;
   Measurements measurements_;
   Clock::DateTime sessionStart_;
+  double startUptime_;
   KeyInputTracker keyInputTracker_;
   TypingViewModel typingViewModel_;
 };

@@ -1,19 +1,18 @@
 #include "session/session_snapshot.h"
 
-#include <chrono>
 #include <utility>
 
 namespace mirvane {
 
 SessionSnapshot makeSessionSnapshot(std::int64_t sessionNumber, std::string prompt,
                                     std::string finalText, const CorrectionEngine& engine,
-                                    Clock::DateTime now) {
+                                    double elapsed) {
   const auto& measured = engine.measurements();
   return {.sessionNumber = sessionNumber,
           .prompt = std::move(prompt),
           .rawTyped = measured.rawInputLog,
           .finalText = std::move(finalText),
-          .elapsed = std::chrono::duration<double>(now - engine.sessionStart()).count(),
+          .elapsed = elapsed,
           .sessionStart = engine.sessionStart(),
           .keystrokeCount = measured.keystrokeCount,
           .wordsCompleted = measured.wordsCompleted,

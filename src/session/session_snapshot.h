@@ -26,10 +26,9 @@ struct SessionSnapshot {
   std::vector<CorrectionEvent> correctionLog = {};
 };
 
-/// Freezes an engine at the instant `now`.
+/// Freezes an engine whose session has lasted `elapsed` seconds.
 [[nodiscard]] SessionSnapshot makeSessionSnapshot(std::int64_t sessionNumber, std::string prompt,
                                                   std::string finalText,
-                                                  const CorrectionEngine& engine,
-                                                  Clock::DateTime now);
+                                                  const CorrectionEngine& engine, double elapsed);
 
 }  // namespace mirvane

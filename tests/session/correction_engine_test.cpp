@@ -157,15 +157,31 @@ TEST(CorrectionEngine, StartsAnewAtAReset) {
   EXPECT_EQ(session->measurements().keystrokeCount, 1) << "the tracker goes on running";
 }
 
-TEST(SessionSnapshot, CountsItsTimeFromTheLastReset) {
+TEST(CorrectionEngine, CountsItsTimeFromTheLastResetWhoeverSetsTheDate) {
   SimulatedSession session;
+  auto& clock = session.desktop.clock();
   session.desktop.advance(1000);
   session->reset();
-  session.desktop.advance(90);
-  const auto snapshot =
-      makeSessionSnapshot(2, "prompt", "text", *session, session.desktop.clock().now());
+  const auto start = clock.now();
+  session.desktop.advance(30);
+  clock.setNow(start - std::chrono::hours(1));
+  EXPECT_NEAR(session->elapsed(), 30, 1e-6);
+  EXPECT_EQ(session->sessionStart(), start);
+  clock.sleep(60);
+  EXPECT_NEAR(session->elapsed(), 90, 1e-6) << "the time a closed lid takes counts";
+}
+
+TEST(SessionSnapshot, TakesWhatTheEngineMeasured) {
+  SimulatedSession session;
+  session.desktop.type("helo ");
+  const auto snapshot = makeSessionSnapshot(2, "prompt", "text", *session, 90);
+  EXPECT_EQ(snapshot.sessionNumber, 2);
+  EXPECT_EQ(snapshot.prompt, "prompt");
+  EXPECT_EQ(snapshot.rawTyped, "helo ");
+  EXPECT_EQ(snapshot.finalText, "text");
+  EXPECT_EQ(snapshot.elapsed, 90);
   EXPECT_EQ(snapshot.sessionStart, session->sessionStart());
-  EXPECT_NEAR(snapshot.elapsed, 90, 1e-6);
+  EXPECT_EQ(snapshot.keystrokeCount, 5);
 }
 
 TEST(CorrectionEngine, TracksOnceAndKeepsCountingAfterAPause) {

@@ -181,8 +181,9 @@ Clock::DateTime RecordedSession::end() const {
 }
 
 SessionSnapshot RecordedSession::snapshot() const {
+  const std::chrono::duration<double> elapsed = end() - engine().sessionStart();
   return makeSessionSnapshot(recording_.session, recording_.prompt, field().text(), engine(),
-                             end());
+                             elapsed.count());
 }
 
 }  // namespace mirvane

@@ -24,6 +24,11 @@ void VirtualClock::setMonotonicSeconds(double seconds) {
   monotonic_ = seconds;
 }
 
+void VirtualClock::sleep(double seconds) {
+  slept_ += seconds;
+  start_ += std::chrono::round<DateTime::duration>(std::chrono::duration<double>(seconds));
+}
+
 void VirtualClock::advanceTo(double monotonicSeconds) {
   monotonic_ = std::max(monotonic_, monotonicSeconds);
 }

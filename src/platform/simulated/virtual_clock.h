@@ -4,7 +4,8 @@
 
 namespace mirvane::simulated {
 
-/// A clock that stands still until it is moved. The date-time and the monotonic time run together.
+/// A clock that stands still until it is moved. The date-time, the monotonic time and the uptime
+/// run together.
 class VirtualClock : public Clock {
  public:
   /// What a fresh clock shows: 2026-01-01T00:00:00Z, an hour after the system's start.
@@ -16,6 +17,7 @@ class VirtualClock : public Clock {
 
   [[nodiscard]] DateTime now() const override;
   [[nodiscard]] double monotonicSeconds() const override { return monotonic_; }
+  [[nodiscard]] double uptimeSeconds() const override { return monotonic_ + slept_; }
 
   /// Declares what the date-time is at this moment; the monotonic time is not touched.
   void setNow(DateTime now);
@@ -26,6 +28,9 @@ class VirtualClock : public Clock {
 
   void advance(double seconds) { advanceTo(monotonic_ + seconds); }
 
+  /// The system sleeps: the monotonic time stands still.
+  void sleep(double seconds);
+
   /// Lets time run until this monotonic time; an earlier one changes nothing.
   void advanceTo(double monotonicSeconds);
 
@@ -34,6 +39,7 @@ class VirtualClock : public Clock {
   DateTime start_;
   double origin_;
   double monotonic_;
+  double slept_ = 0;
 };
 
 }  // namespace mirvane::simulated

@@ -84,6 +84,14 @@ TEST(VirtualClock, RunsDateAndMonotonicTimeTogether) {
   EXPECT_DOUBLE_EQ(clock.monotonicSeconds(), 1.5);
 }
 
+TEST(VirtualClock, CountsSleepInTheDateAndTheUptimeOnly) {
+  VirtualClock clock(Clock::DateTime{1000s}, 5);
+  clock.sleep(60);
+  EXPECT_EQ(clock.now(), Clock::DateTime{1060s});
+  EXPECT_DOUBLE_EQ(clock.uptimeSeconds(), 65);
+  EXPECT_DOUBLE_EQ(clock.monotonicSeconds(), 5);
+}
+
 TEST(KeyLayout, CoversPrintableAsciiWithOneStrokeEach) {
   std::vector<KeyStroke> strokes;
   for (char character = ' '; character <= '~'; ++character) {
