@@ -95,10 +95,11 @@ QWidget* AppFlowView::makeScreen() {
 
 QWidget* AppFlowView::makeSession(int number) {
   const bool isFirst = number == 1;
-  return new SessionTypingView(
-      {number, QString::fromLatin1(isFirst ? prompt1 : prompt2), isFirst ? engine1_ : engine2_,
-       isFirst ? typedText1_ : typedText2_, isFirst ? nullptr : &cycleKeyMonitor_,
-       services_.monitors, services_.tasks, [this] { advance(); }, theme::deep(), theme::sky()});
+  return new SessionTypingView({number, QString::fromLatin1(isFirst ? prompt1 : prompt2),
+                                isFirst ? engine1_ : engine2_, isFirst ? typedText1_ : typedText2_,
+                                isFirst ? nullptr : &cycleKeyMonitor_, services_.monitors,
+                                services_.tasks, [this] { advance(); }, services_.otherPrograms,
+                                theme::deep(), theme::sky()});
 }
 
 QWidget* AppFlowView::makeResults() {

@@ -14,6 +14,7 @@
 #include "session/correction_engine.h"
 #include "session/session_snapshot.h"
 #include "views/app_step.h"
+#include "views/other_programs_notice.h"
 
 namespace mirvane {
 
@@ -35,6 +36,7 @@ class AppFlowView : public QWidget {
     const Clock& clock;
     SavePanel& savePanel;
     StudyConfiguration study;
+    OtherPrograms otherPrograms = OtherPrograms::leftAlone;
   };
 
   explicit AppFlowView(const Services& services, QWidget* parent = nullptr);

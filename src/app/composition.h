@@ -33,6 +33,8 @@ class Composition {
   [[nodiscard]] EventMonitors& monitors() { return monitors_; }
   [[nodiscard]] TaskQueue& tasks() { return tasks_; }
   [[nodiscard]] const Clock& clock() const { return clock_; }
+  /// Whether what is typed in other programs can be read and corrected on this desktop.
+  [[nodiscard]] bool reachesOtherPrograms() const { return others_ != nullptr; }
   [[nodiscard]] SavePanel& savePanel() { return savePanel_; }
 
   /// What every correction engine needs.

@@ -79,10 +79,12 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(makeIcon());
 
   mirvane::Composition composition;
-  mirvane::AppFlowView window({composition.engineServices(), composition.accessibility(),
-                               composition.workspace(), composition.monitors(), composition.tasks(),
-                               composition.clock(), composition.savePanel(),
-                               mirvane::loadStudyConfiguration(composition.bundle())});
+  mirvane::AppFlowView window(
+      {composition.engineServices(), composition.accessibility(), composition.workspace(),
+       composition.monitors(), composition.tasks(), composition.clock(), composition.savePanel(),
+       mirvane::loadStudyConfiguration(composition.bundle()),
+       composition.reachesOtherPrograms() ? mirvane::OtherPrograms::watched
+                                          : mirvane::OtherPrograms::leftAlone});
   window.setWindowTitle(QStringLiteral("MirvaneTest"));
   window.resize(window.minimumSize());
   window.show();

@@ -15,7 +15,15 @@ class ScrollColumn : public QScrollArea {
 
   [[nodiscard]] QVBoxLayout& column() { return *column_; }
 
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  /// The area alone would squeeze wrapped texts: it knows their narrowest height only.
+  void keepTextsWhole();
+
   QVBoxLayout* column_;
 };
 

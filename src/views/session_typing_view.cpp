@@ -12,6 +12,7 @@
 #include "views/information_strip.h"
 #include "views/layouts.h"
 #include "views/mirvane_primary_button.h"
+#include "views/mirvane_rule_row.h"
 #include "views/rounded_card.h"
 #include "views/scroll_column.h"
 #include "views/section_heading.h"
@@ -55,6 +56,7 @@ SessionTypingView::SessionTypingView(Inputs inputs, QWidget* parent)
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(makeStrip(hasCycleKey(), accent_, this));
   auto* const scroll = new ScrollColumn(14, this);
+  scroll->column().addWidget(makeNotice());
   scroll->column().addWidget(makePromptCard());
   scroll->column().addWidget(makeField(), 1);
   column->addWidget(scroll, 1);
@@ -90,6 +92,13 @@ QWidget* SessionTypingView::makeHeader() {
   row->addLayout(texts, 1);
   row->addWidget(resetButton, 0, Qt::AlignVCenter);
   return header;
+}
+
+QWidget* SessionTypingView::makeNotice() {
+  auto* const notice = new MirvaneRuleRow(QStringLiteral("keyboard"),
+                                          otherProgramsNotice(inputs_.otherPrograms), this);
+  notice->setObjectName(QStringLiteral("otherProgramsNotice"));
+  return notice;
 }
 
 QWidget* SessionTypingView::makePromptCard() {

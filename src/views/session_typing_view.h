@@ -10,6 +10,7 @@
 #include "platform/event_monitors.h"
 #include "platform/task_queue.h"
 #include "session/correction_engine.h"
+#include "views/other_programs_notice.h"
 
 namespace mirvane {
 
@@ -29,6 +30,7 @@ class SessionTypingView : public QWidget {
     EventMonitors& monitors;
     TaskQueue& tasks;
     std::function<void()> onDone;
+    OtherPrograms otherPrograms;
     QColor deep;
     QColor sky;
   };
@@ -42,6 +44,7 @@ class SessionTypingView : public QWidget {
  private:
   [[nodiscard]] bool hasCycleKey() const { return inputs_.cycleKeyMonitor != nullptr; }
   [[nodiscard]] QWidget* makeHeader();
+  [[nodiscard]] QWidget* makeNotice();
   [[nodiscard]] QWidget* makePromptCard();
   [[nodiscard]] QWidget* makeField();
   [[nodiscard]] QWidget* makeDoneBar();

@@ -18,7 +18,7 @@ class SessionView : public ::testing::Test {
     view = std::make_unique<SessionTypingView>(SessionTypingView::Inputs{
         number, QStringLiteral("A sentence."), engine, typedText,
         number == 1 ? nullptr : &world.cycleKeyMonitor, world.desktop.monitors(),
-        world.desktop.tasks(), [this] { ++done; }, theme::deep(), theme::sky()});
+        world.desktop.tasks(), [this] { ++done; }, otherPrograms, theme::deep(), theme::sky()});
     view->show();
   }
 
@@ -32,6 +32,7 @@ class SessionView : public ::testing::Test {
   CorrectionEngine engine{world.services()};
   Observable<std::string> typedText;
   int done = 0;
+  OtherPrograms otherPrograms = OtherPrograms::watched;
   std::unique_ptr<SessionTypingView> view;
 };
 
@@ -56,6 +57,20 @@ TEST_F(SessionView, SaysWhatEachSessionUses) {
   }
   part<QPushButton>(*view, "doneButton").click();
   EXPECT_EQ(done, 1);
+}
+
+TEST_F(SessionView, SaysWhatBecomesOfTextInOtherPrograms) {
+  for (const int session : {1, 2}) {
+    for (const auto reach : {OtherPrograms::watched, OtherPrograms::leftAlone}) {
+      otherPrograms = reach;
+      open(session);
+      const auto& notice = part<QWidget>(*view, "otherProgramsNotice");
+      EXPECT_EQ(shownTexts(notice), QStringList{otherProgramsNotice(reach)});
+      EXPECT_TRUE(notice.isVisible());
+    }
+  }
+  EXPECT_TRUE(otherProgramsNotice(OtherPrograms::watched).contains("type only in this window"));
+  EXPECT_TRUE(otherProgramsNotice(OtherPrograms::leftAlone).contains("left alone"));
 }
 
 TEST_F(SessionView, ShowsADashOrAChipForEachSuggestion) {

@@ -1,0 +1,26 @@
+#include "views/other_programs_notice.h"
+
+#include <QCoreApplication>
+
+namespace mirvane {
+namespace {
+
+QString translated(const char* text) {
+  return QCoreApplication::translate("mirvane::OtherProgramsNotice", text);
+}
+
+}  // namespace
+
+QString otherProgramsNotice(OtherPrograms otherPrograms) {
+  if (otherPrograms == OtherPrograms::leftAlone) {
+    return translated(
+        "Only what you type in this window is read, corrected and written into the report. "
+        "What you type in other programs is left alone.");
+  }
+  return translated(
+      "While a session is open, what you type in other programs is also read, corrected and "
+      "written into the report. To avoid this, type only in this window until the session is "
+      "done.");
+}
+
+}  // namespace mirvane
