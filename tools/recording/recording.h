@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <map>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,24 +11,11 @@
 #include "platform/simulated/scripted_lexical_tagger.h"
 #include "platform/simulated/scripted_spell_checker.h"
 #include "platform/simulated/scripted_word_embedding.h"
+#include "recording/recorded_event.h"
+#include "recording/recording_lines.h"
+#include "recording/study_recording.h"
 
 namespace mirvane {
-
-/// One event of a recorded typing session. Which fields count depends on the kind.
-struct RecordedEvent {
-  enum class Kind { down, up, flags, pointer, activate, chip, reset, done };
-
-  Kind kind = Kind::down;
-  double t = 0;  ///< seconds since the session began
-  std::uint16_t keyCode = 0;
-  std::optional<std::string> text = {};
-  std::uint64_t flags = 0;
-  std::string app = {};   ///< the application that became active
-  std::size_t index = 0;  ///< the chip that was picked
-};
-
-/// The name of a kind as the file has it.
-[[nodiscard]] std::string_view nameOf(RecordedEvent::Kind kind);
 
 /// English that a recording brings along. It is all the English there is then: a look-up that is
 /// missing answers nothing.
@@ -42,13 +28,6 @@ struct RecordedLanguage {
   simulated::ScriptedLexicalTagger::Tags tags;
   simulated::ScriptedWordEmbedding::Distances distances;
   bool hasEmbedding = true;
-};
-
-struct RecordedSettings {
-  std::optional<bool> isAutoCorrectionEnabled;
-  std::optional<std::vector<std::string>> allowList;
-  std::optional<std::vector<std::string>> disabledAppBundleIDs;
-  std::optional<std::string> frontmost;
 };
 
 struct RecordedField {
@@ -74,12 +53,6 @@ struct Recording {
 
   /// `end` or, without one, the time of the last event.
   [[nodiscard]] double endTime() const;
-};
-
-/// Says which file and line is damaged, and how.
-class RecordingError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
 };
 
 /// Reads a recording: JSON Lines, a header and one event a line. Blank lines are skipped. Throws a

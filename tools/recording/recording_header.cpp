@@ -22,7 +22,7 @@ RecordedLanguage::Weights weightsAt(const JsonFields& language, std::string_view
   RecordedLanguage::Weights weights;
   const auto fields = language.object(name);
   if (!fields) return weights;
-  fields->forEach([&](std::string_view key, const JsonFields::Element& value) {
+  fields->forEach([&](std::string_view key, const Json& value) {
     weights.insert_or_assign(std::string(key), numberOf(value, key));
   });
   return weights;
@@ -33,7 +33,7 @@ simulated::ScriptedSpellChecker::WordLists wordListsAt(const JsonFields& languag
   simulated::ScriptedSpellChecker::WordLists lists;
   const auto fields = language.object(name);
   if (!fields) return lists;
-  fields->forEach([&](std::string_view key, const JsonFields::Element& value) {
+  fields->forEach([&](std::string_view key, const Json& value) {
     lists.insert_or_assign(std::string(key), stringsOf(value, key));
   });
   return lists;
@@ -43,7 +43,7 @@ simulated::ScriptedLexicalTagger::Tags tagsAt(const JsonFields& language, std::s
   simulated::ScriptedLexicalTagger::Tags tags;
   const auto fields = language.object(name);
   if (!fields) return tags;
-  fields->forEach([&](std::string_view key, const JsonFields::Element& value) {
+  fields->forEach([&](std::string_view key, const Json& value) {
     tags.insert_or_assign(std::string(key), lexicalClassNamed(stringOf(value, key)));
   });
   return tags;
@@ -63,13 +63,6 @@ RecordedLanguage parseLanguage(const JsonFields& fields) {
   return language;
 }
 
-RecordedSettings parseSettings(const JsonFields& fields) {
-  return {.isAutoCorrectionEnabled = fields.boolean("isAutoCorrectionEnabled"),
-          .allowList = fields.strings("allowList"),
-          .disabledAppBundleIDs = fields.strings("disabledAppBundleIDs"),
-          .frontmost = fields.string("frontmost")};
-}
-
 RecordedField::Kind fieldKindNamed(const std::string& name) {
   using Kind = RecordedField::Kind;
   if (name == "normal") return Kind::normal;
@@ -87,10 +80,10 @@ RecordedField parseField(const JsonFields& fields) {
   return field;
 }
 
-std::optional<std::string> parseParameters(const JsonFields::Element& value) {
+std::optional<std::string> parseParameters(const Json& value) {
   if (value.is_null()) return std::nullopt;
   if (!value.is_object()) throw std::runtime_error("\"parameters\" is not an object or null");
-  return simdjson::minify(value);
+  return value.dump();
 }
 
 }  // namespace
@@ -103,18 +96,19 @@ LexicalClass lexicalClassNamed(const std::string& name) {
 }
 
 Recording parseRecordingHeader(const JsonFields& fields) {
-  if (fields.find("recording") == std::nullopt) {
+  if (fields.find("recording") == nullptr) {
     throw std::runtime_error("not the first line of a recording");
   }
   Recording recording;
   static_cast<void>(required(fields.whole("recording", formatVersion, formatVersion), "recording"));
   recording.session = required(fields.whole("session", 1, 2), "session");
   recording.prompt = required(fields.string("prompt"), "prompt");
-  if (const auto value = fields.find("parameters")) recording.parameters = parseParameters(*value);
+  if (const auto* const value = fields.find("parameters"))
+    recording.parameters = parseParameters(*value);
   if (const auto language = fields.object("language"))
     recording.language = parseLanguage(*language);
   if (const auto settings = fields.object("settings"))
-    recording.settings = parseSettings(*settings);
+    recording.settings = parseRecordedSettings(*settings);
   if (const auto field = fields.object("field")) recording.field = parseField(*field);
   recording.end = fields.seconds("end");
   return recording;

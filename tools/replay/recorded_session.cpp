@@ -143,6 +143,9 @@ void RecordedSession::play(const RecordedEvent& event) {
     case Kind::done:
       finish();
       break;
+    case Kind::correction:
+      // What the engine made of the events before it: it does so again.
+      break;
   }
   desktop.settle();
 }

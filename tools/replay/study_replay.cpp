@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <nlohmann/json.hpp>
 
 #include "replay/recorded_session.h"
 #include "session/correction_evaluation.h"
@@ -12,13 +11,6 @@
 
 namespace mirvane {
 namespace {
-
-using Json = nlohmann::ordered_json;
-
-template <typename T>
-Json orNull(const std::optional<T>& value) {
-  return value ? Json(*value) : Json(nullptr);
-}
 
 SessionSnapshot untouchedSession(std::int64_t number, Clock::DateTime start) {
   SessionSnapshot session;
