@@ -1,7 +1,6 @@
 #include "app/app_flow_view.h"
 
 #include "capture/cycle_key_monitor.h"
-#include "session/study_prompts.h"
 #include "views/accessibility_required_gate_view.h"
 #include "views/divider.h"
 #include "views/intro_view.h"
@@ -78,9 +77,9 @@ QWidget* AppFlowView::makeScreen() {
   const auto onNext = [this] { advance(); };
   switch (step_) {
     case AppStep::intro:
-      return new IntroView(onNext, theme::deep(), theme::sky());
+      return new IntroView(onNext, theme::deep(), theme::sky(), services_.warnings);
     case AppStep::practice:
-      return new PracticeView({services_.engine, cycleKeyMonitor_, services_.monitors,
+      return new PracticeView({services_.practice, cycleKeyMonitor_, services_.monitors,
                                services_.tasks, QString::fromLatin1(practicePrompt), onNext,
                                theme::deep(), theme::sky()});
     case AppStep::session1:
@@ -95,7 +94,7 @@ QWidget* AppFlowView::makeScreen() {
 
 QWidget* AppFlowView::makeSession(int number) {
   const bool isFirst = number == 1;
-  return new SessionTypingView({number, QString::fromLatin1(isFirst ? prompt1 : prompt2),
+  return new SessionTypingView({number, QString::fromStdString(promptOf(number)),
                                 isFirst ? engine1_ : engine2_, isFirst ? typedText1_ : typedText2_,
                                 isFirst ? nullptr : &cycleKeyMonitor_, services_.monitors,
                                 services_.tasks, [this] { advance(); }, services_.otherPrograms,
@@ -110,8 +109,8 @@ QWidget* AppFlowView::makeResults() {
 SessionSnapshot AppFlowView::makeSnapshot(int number) const {
   const bool isFirst = number == 1;
   const auto& engine = isFirst ? engine1_ : engine2_;
-  return makeSessionSnapshot(number, isFirst ? prompt1 : prompt2,
-                             isFirst ? *typedText1_ : *typedText2_, engine, engine.elapsed());
+  return makeSessionSnapshot(number, promptOf(number), isFirst ? *typedText1_ : *typedText2_,
+                             engine, engine.elapsed());
 }
 
 void AppFlowView::pollPermission() {

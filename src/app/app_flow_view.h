@@ -28,7 +28,8 @@ class AppFlowView : public QWidget {
 
  public:
   struct Services {
-    EngineServices engine;
+    EngineServices engine;    ///< of the two sessions
+    EngineServices practice;  ///< of the practice
     Accessibility& accessibility;
     Workspace& workspace;
     EventMonitors& monitors;
@@ -37,6 +38,7 @@ class AppFlowView : public QWidget {
     SavePanel& savePanel;
     StudyConfiguration study;
     OtherPrograms otherPrograms = OtherPrograms::leftAlone;
+    QStringList warnings = {};  ///< for the study team, shown before a participant begins
   };
 
   explicit AppFlowView(const Services& services, QWidget* parent = nullptr);
@@ -56,6 +58,10 @@ class AppFlowView : public QWidget {
   [[nodiscard]] QWidget* makeSession(int number);
   [[nodiscard]] QWidget* makeResults();
   [[nodiscard]] SessionSnapshot makeSnapshot(int number) const;
+  /// `number` is 1 or 2.
+  [[nodiscard]] const std::string& promptOf(int number) const {
+    return services_.study.prompts.at(static_cast<std::size_t>(number - 1));
+  }
 
   void pollPermission();
   void showStudyOrGate();

@@ -1,26 +1,36 @@
 #include "app/composition.h"
 
 namespace mirvane {
+namespace {
 
-Composition::Composition()
-    : others_(OtherApplications::connect(tasks_)),
+OverriddenDefaults::Values valuesForSessions(const StudyConfiguration& study) {
+  if (study.correctsAutomatically) return {};
+  return {{UserSettings::autoCorrectionKey, {false}}};
+}
+
+}  // namespace
+
+Composition::Composition(const StudyConfiguration& study, const Bundle& bundle)
+    : others_(study.watchesOtherPrograms ? OtherApplications::connect(tasks_) : nullptr),
       monitors_(tasks_, clock_, others_.get()),
       workspace_(others_.get()),
       accessibility_(others_.get()),
       keyEventPoster_(tasks_, others_.get()),
-      bundle_(standardResourceFolder()),
       defaults_(JsonUserDefaults::standardPath()),
-      config_(loadTypingConfig(bundle_)),
-      settings_(defaults_, workspace_),
-      language_(loadEnglishLanguage(bundle_)),
-      vocabulary_(loadVocabulary(bundle_)),
+      config_(loadTypingConfig(bundle)),
+      sessionDefaults_(defaults_, valuesForSessions(study)),
+      practiceDefaults_(defaults_, {{UserSettings::autoCorrectionKey, {true}}}),
+      sessionSettings_(sessionDefaults_, workspace_),
+      practiceSettings_(practiceDefaults_, workspace_),
+      language_(loadEnglishLanguage(bundle)),
+      vocabulary_(loadVocabulary(bundle)),
       suggestionEngine_(
-          config_, settings_,
+          config_, sessionSettings_,
           {*language_.spellChecker, language_.embedding.get(), *language_.tagger, vocabulary_}) {}
 
-EngineServices Composition::engineServices() {
+EngineServices Composition::engineServices(const UserSettings& settings) {
   return {{monitors_, workspace_, tasks_},
-          {config_, settings_, suggestionEngine_, accessibility_, keyEventPoster_, clock_}};
+          {config_, settings, suggestionEngine_, accessibility_, keyEventPoster_, clock_}};
 }
 
 }  // namespace mirvane

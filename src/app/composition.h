@@ -1,6 +1,8 @@
 #pragma once
 
+#include "app/study_configuration.h"
 #include "language/english_language.h"
+#include "model/overridden_defaults.h"
 #include "model/typing_config.h"
 #include "model/user_settings.h"
 #include "platform/linux/json_user_defaults.h"
@@ -11,7 +13,6 @@
 #include "platform/linux/qt_save_panel.h"
 #include "platform/linux/qt_task_queue.h"
 #include "platform/linux/qt_workspace.h"
-#include "platform/linux/resource_bundle.h"
 #include "platform/linux/system_clock.h"
 #include "session/correction_engine.h"
 #include "suggest/suggestion_engine.h"
@@ -22,12 +23,11 @@ namespace mirvane {
 /// The only place that chooses the adapters.
 class Composition {
  public:
-  /// Needs the toolkit's application object.
-  Composition();
+  /// Needs the toolkit's application object. `bundle` holds the resources.
+  Composition(const StudyConfiguration& study, const Bundle& bundle);
   Composition(const Composition&) = delete;
   Composition& operator=(const Composition&) = delete;
 
-  [[nodiscard]] const Bundle& bundle() const { return bundle_; }
   [[nodiscard]] Accessibility& accessibility() { return accessibility_; }
   [[nodiscard]] Workspace& workspace() { return workspace_; }
   [[nodiscard]] EventMonitors& monitors() { return monitors_; }
@@ -37,10 +37,15 @@ class Composition {
   [[nodiscard]] bool reachesOtherPrograms() const { return others_ != nullptr; }
   [[nodiscard]] SavePanel& savePanel() { return savePanel_; }
 
-  /// What every correction engine needs.
-  [[nodiscard]] EngineServices engineServices();
+  /// What the engines of the two sessions need.
+  [[nodiscard]] EngineServices sessionServices() { return engineServices(sessionSettings_); }
+  /// What the engine of the practice needs: it corrects in any study, for there is nothing to be
+  /// practised otherwise, and no way on.
+  [[nodiscard]] EngineServices practiceServices() { return engineServices(practiceSettings_); }
 
  private:
+  [[nodiscard]] EngineServices engineServices(const UserSettings& settings);
+
   SystemClock clock_;
   QtTaskQueue tasks_;
   std::unique_ptr<OtherApplications> others_;
@@ -49,10 +54,12 @@ class Composition {
   QtAccessibility accessibility_;
   QtKeyEventPoster keyEventPoster_;
   QtSavePanel savePanel_;
-  ResourceBundle bundle_;
   JsonUserDefaults defaults_;
   const TypingConfig config_;
-  UserSettings settings_;
+  OverriddenDefaults sessionDefaults_;
+  OverriddenDefaults practiceDefaults_;
+  UserSettings sessionSettings_;
+  UserSettings practiceSettings_;
   EnglishLanguage language_;
   ContextScore::Vocabulary vocabulary_;
   SuggestionEngine suggestionEngine_;

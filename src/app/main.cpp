@@ -2,15 +2,24 @@
 #include <QFontDatabase>
 #include <QIcon>
 #include <QPainter>
+#include <iostream>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "app/app_flow_view.h"
+#include "app/command_line.h"
 #include "app/composition.h"
 #include "app/study_configuration.h"
+#include "platform/linux/resource_bundle.h"
 #include "views/mirvane_logo.h"
+#include "views/study_problem_view.h"
 #include "views/theme.h"
 
 namespace {
+
+/// Exit code where the study file is damaged.
+constexpr int studyFileFailure = 2;
 
 /// The toolkit would run GLib's default main context, which is the accessibility thread's. So would
 /// a look borrowed from GTK. To be there while the application is constructed: programs that it
@@ -65,11 +74,58 @@ QIcon makeIcon() {
   return pixmap;
 }
 
+/// The answer to --help, --version or a wrong call.
+int say(const mirvane::CommandLineAnswer& answer) {
+  std::cout << answer.output << std::flush;
+  std::cerr << answer.error;
+  return answer.exitCode;
+}
+
+/// The toolkit takes its options out of such a list, which it keeps.
+std::vector<char*> pointersTo(std::vector<std::string>& arguments) {
+  std::vector<char*> pointers;
+  for (auto& argument : arguments) pointers.push_back(argument.data());
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
+int show(QWidget& window) {
+  window.setWindowTitle(QStringLiteral("MirvaneTest"));
+  window.show();
+  window.raise();
+  window.activateWindow();
+  return QApplication::exec();
+}
+
+int runStudy(const mirvane::LoadedStudy& study, const mirvane::Bundle& bundle) {
+  mirvane::Composition composition(study.configuration, bundle);
+  mirvane::AppFlowView window(
+      {composition.sessionServices(), composition.practiceServices(), composition.accessibility(),
+       composition.workspace(), composition.monitors(), composition.tasks(), composition.clock(),
+       composition.savePanel(), study.configuration,
+       composition.reachesOtherPrograms() ? mirvane::OtherPrograms::watched
+                                          : mirvane::OtherPrograms::leftAlone,
+       study.warnings});
+  window.resize(window.minimumSize());
+  return show(window);
+}
+
+int showProblems(const QStringList& problems) {
+  mirvane::StudyProblemView window(problems, [] { QApplication::exit(studyFileFailure); });
+  window.setFocus();
+  show(window);
+  return studyFileFailure;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  auto [call, answer] = mirvane::parseCommandLine({argv, argv + argc});
+  if (answer) return say(*answer);
+  auto pointers = pointersTo(call->toolkitArguments);
+  auto count = static_cast<int>(call->toolkitArguments.size());
   auto keptOffGlib = std::make_optional<KeptOffGlib>();
-  QApplication application(argc, argv);
+  QApplication application(count, pointers.data());
   keptOffGlib.reset();
   setIdentity();
   QApplication::setStyle(QStringLiteral("Fusion"));
@@ -78,17 +134,7 @@ int main(int argc, char** argv) {
   QApplication::setCursorFlashTime(0);
   QApplication::setWindowIcon(makeIcon());
 
-  mirvane::Composition composition;
-  mirvane::AppFlowView window(
-      {composition.engineServices(), composition.accessibility(), composition.workspace(),
-       composition.monitors(), composition.tasks(), composition.clock(), composition.savePanel(),
-       mirvane::loadStudyConfiguration(composition.bundle()),
-       composition.reachesOtherPrograms() ? mirvane::OtherPrograms::watched
-                                          : mirvane::OtherPrograms::leftAlone});
-  window.setWindowTitle(QStringLiteral("MirvaneTest"));
-  window.resize(window.minimumSize());
-  window.show();
-  window.raise();
-  window.activateWindow();
-  return QApplication::exec();
+  const mirvane::ResourceBundle resources(mirvane::standardResourceFolder());
+  const auto study = mirvane::loadStudy(resources, call->studyFile, call->participant);
+  return study.problems.isEmpty() ? runStudy(study, resources) : showProblems(study.problems);
 }

@@ -9,7 +9,6 @@
 namespace mirvane {
 namespace {
 
-constexpr std::string_view autoCorrectionKey = "isAutoCorrectionEnabled";
 constexpr std::string_view allowListKey = "allowList";
 constexpr std::string_view disabledAppsKey = "disabledAppBundleIDs";
 

@@ -16,6 +16,9 @@ namespace mirvane {
 /// whole application.
 class UserSettings {
  public:
+  /// Where the store has the master switch.
+  static constexpr const char* autoCorrectionKey = "isAutoCorrectionEnabled";
+
   static constexpr bool isSentenceReviewEnabled = false;
   static constexpr bool isPhrasePickerEnabled = false;
   static constexpr bool isPhraseShortcutsEnabled = false;

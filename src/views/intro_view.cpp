@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "views/information_strip.h"
 #include "views/layouts.h"
 #include "views/mirvane_info_card.h"
 #include "views/mirvane_logo.h"
@@ -18,7 +19,7 @@
 namespace mirvane {
 
 IntroView::IntroView(std::function<void()> onNext, const QColor& deep, const QColor& sky,
-                     QWidget* parent)
+                     const QStringList& warnings, QWidget* parent)
     : QWidget(parent) {
   auto* const scroll = new ScrollColumn(14, this);
   auto& column = scroll->column();
@@ -32,7 +33,14 @@ IntroView::IntroView(std::function<void()> onNext, const QColor& deep, const QCo
   start->setObjectName(QStringLiteral("startButton"));
   start->setAccessibleDescription(tr("Goes to the practice"));
   column.addWidget(start);
-  makeColumn(0, this)->addWidget(scroll);
+  auto* const whole = makeColumn(0, this);
+  if (!warnings.isEmpty()) {
+    auto* const strip =
+        new InformationStrip(tr("For the study team"), warnings, theme::orange(), this);
+    strip->setObjectName(QStringLiteral("studyWarnings"));
+    whole->addWidget(strip);
+  }
+  whole->addWidget(scroll);
   setFocusProxy(start);
 }
 

@@ -1,17 +1,19 @@
 #pragma once
 
+#include <QStringList>
 #include <QWidget>
 #include <functional>
 
 namespace mirvane {
 
-/// Welcomes the participant, states the rules and shows the order of the study.
+/// Welcomes the participant, states the rules and shows the order of the study. Above all that
+/// stand the warnings that the study team should read before a participant begins, if any.
 class IntroView : public QWidget {
   Q_OBJECT
 
  public:
   IntroView(std::function<void()> onNext, const QColor& deep, const QColor& sky,
-            QWidget* parent = nullptr);
+            const QStringList& warnings = {}, QWidget* parent = nullptr);
 
  private:
   [[nodiscard]] QWidget* makeWelcome(const QColor& deep);

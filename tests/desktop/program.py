@@ -82,6 +82,10 @@ class Program:
     def is_running(self):
         return self._process.poll() is None
 
+    @property
+    def exit_code(self):
+        return self._process.wait()
+
     def close(self):
         """Ends it, stopped or not."""
         if self.is_running:

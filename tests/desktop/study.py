@@ -22,10 +22,10 @@ def set_accessibility(is_enabled):
 class Study(Program):
     """One run of the study. Elements are found by their accessible names."""
 
-    def __init__(self, environment=None):
+    def __init__(self, environment=None, arguments=()):
         self.keyboard = Keyboard()
         self._clicked = 0.0  # when, on the monotonic clock
-        super().__init__([os.path.join(BUILD, "mirvanetest")], environment)
+        super().__init__([os.path.join(BUILD, "mirvanetest"), *arguments], environment)
         self.await_tree()
 
     def is_enabled(self, name):

@@ -32,10 +32,11 @@ def without_times(report):
 
 class StudyTest(unittest.TestCase):
     environment = {}  # of the study, beside that of the desktop
+    arguments = ()  # of the study's command line
 
     def setUp(self):
         set_accessibility(True)
-        self.study = Study(self.environment)
+        self.study = Study(self.environment, self.arguments)
         self.addCleanup(self.study.close)
         self.keyboard = self.study.keyboard
         self.folder = tempfile.mkdtemp(dir=os.environ["HOME"])

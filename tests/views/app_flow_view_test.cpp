@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -69,6 +71,29 @@ TEST_F(Flow, KeepsOneCycleKeyMonitorAndNoneAtTheEnd) {
   EXPECT_EQ(world.desktop.monitors().count(), session1Monitors + 1);
   advanceTo(AppStep::results);
   EXPECT_EQ(world.desktop.monitors().count(), 0U);
+}
+
+TEST_F(Flow, AsksForThePromptsOfTheStudyFile) {
+  world.study.prompts = {"A first line.", "A second line."};
+  open();
+  advanceTo(AppStep::session1);
+  EXPECT_TRUE(shownTexts(*flow).contains(QStringLiteral("A first line.")));
+  advanceTo(AppStep::session2);
+  EXPECT_TRUE(shownTexts(*flow).contains(QStringLiteral("A second line.")));
+}
+
+TEST_F(Flow, PracticeIsPassedWhereTheSessionsCorrectNothing) {
+  world.settings.setIsAutoCorrectionEnabled(false);
+  open();
+  advanceTo(AppStep::practice);
+  part<QLineEdit>(*flow, "practiceField").insert(QStringLiteral("helo "));
+  world.desktop.type("helo ");
+  world.strikeCycleKey();
+  EXPECT_TRUE(part<QPushButton>(*flow, "startSessionButton").isEnabled());
+  world.element.setText({});
+  advanceTo(AppStep::session1);
+  world.desktop.type("helo");
+  EXPECT_TRUE(part<QLabel>(*flow, "noSuggestions").isVisible());
 }
 
 TEST_F(Flow, ShowsTheGateWhileAccessibilityIsNotAllowed) {

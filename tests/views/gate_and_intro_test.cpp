@@ -7,6 +7,7 @@
 #include "views/intro_view.h"
 #include "views/mirvane_rule_row.h"
 #include "views/step_tile.h"
+#include "views/study_problem_view.h"
 #include "views/symbol.h"
 
 namespace mirvane {
@@ -46,6 +47,24 @@ TEST(Intro, StatesTheRulesInOrderEachWithItsSymbol) {
                                 "hand.raised.fill Let Mirvane handle corrections.",
                                 "tortoise Type at your natural speed.",
                                 "timer Do not slow down intentionally."}));
+}
+
+TEST(Intro, WarnsTheStudyTeamAboveAllElse) {
+  IntroView plain([] {}, theme::deep(), theme::sky());
+  EXPECT_EQ(plain.findChild<QWidget*>(QStringLiteral("studyWarnings")), nullptr);
+  IntroView warning([] {}, theme::deep(), theme::sky(), {QStringLiteral("an example address")});
+  EXPECT_TRUE(shownTexts(part<QWidget>(warning, "studyWarnings"))
+                  .contains(QStringLiteral("an example address")));
+}
+
+TEST(StudyProblem, NamesEachProblemAndCloses) {
+  bool isClosed = false;
+  StudyProblemView view({QStringLiteral("a.json: line 3"), QStringLiteral("b.json: prompts")},
+                        [&] { isClosed = true; });
+  EXPECT_TRUE(shownTexts(view).contains(QStringLiteral("a.json: line 3")));
+  EXPECT_TRUE(shownTexts(view).contains(QStringLiteral("b.json: prompts")));
+  part<QPushButton>(view, "closeButton").click();
+  EXPECT_TRUE(isClosed);
 }
 
 TEST(Intro, ShowsTheStepsFromLeftToRightAndStarts) {

@@ -5,15 +5,9 @@
 namespace mirvane {
 
 std::unique_ptr<AppFlowView> StudyWorld::openFlow() {
-  auto flow =
-      std::make_unique<AppFlowView>(AppFlowView::Services{services(),
-                                                          desktop.accessibility(),
-                                                          desktop.workspace(),
-                                                          desktop.monitors(),
-                                                          desktop.tasks(),
-                                                          desktop.clock(),
-                                                          savePanel,
-                                                          {QStringLiteral("team@study.example")}});
+  auto flow = std::make_unique<AppFlowView>(AppFlowView::Services{
+      services(), services(practiceSettings), desktop.accessibility(), desktop.workspace(),
+      desktop.monitors(), desktop.tasks(), desktop.clock(), savePanel, study});
   flow->show();
   return flow;
 }

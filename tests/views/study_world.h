@@ -28,6 +28,9 @@ struct StudyWorld {
       desktop.openElement(simulated::ElementKind::multiLine, {}, {"org.mirvane.MirvaneTest", true});
   simulated::InMemoryUserDefaults defaults;
   UserSettings settings{defaults, desktop.workspace()};
+  simulated::InMemoryUserDefaults practiceDefaults;
+  UserSettings practiceSettings{practiceDefaults, desktop.workspace()};
+  StudyConfiguration study{QStringLiteral("team@study.example")};
   TypingConfig config;
   ScriptedEnglish english{
       {.words = {{"hello", "help", "helm"}, {{"helo", {"hello", "help", "helm"}}}, {}}}};
@@ -35,9 +38,10 @@ struct StudyWorld {
   simulated::ScriptedSavePanel savePanel;
   std::optional<MonitorHandle> cycleKeyMonitor;
 
-  [[nodiscard]] EngineServices services() {
+  [[nodiscard]] EngineServices services() { return services(settings); }
+  [[nodiscard]] EngineServices services(const UserSettings& chosen) {
     return {{desktop.monitors(), desktop.workspace(), desktop.tasks()},
-            {config, settings, suggestionEngine, desktop.accessibility(), desktop.poster(),
+            {config, chosen, suggestionEngine, desktop.accessibility(), desktop.poster(),
              desktop.clock()}};
   }
 
