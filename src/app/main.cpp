@@ -84,6 +84,7 @@ int say(const mirvane::CommandLineAnswer& answer) {
 /// The toolkit takes its options out of such a list, which it keeps.
 std::vector<char*> pointersTo(std::vector<std::string>& arguments) {
   std::vector<char*> pointers;
+  pointers.reserve(arguments.size() + 1);
   for (auto& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   return pointers;

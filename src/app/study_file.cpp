@@ -39,7 +39,7 @@ bool isControl(QChar character) {
 }
 
 QString readAddress(const QJsonValue& value, const QString& name) {
-  const auto address = readText(value, name);
+  auto address = readText(value, name);
   const bool isAddress = address.indexOf(u'@') > 0 && !address.endsWith(u'@') &&
                          std::none_of(address.begin(), address.end(), [](QChar character) {
                            return character.isSpace() || isControl(character);

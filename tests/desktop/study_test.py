@@ -107,10 +107,10 @@ class Session1(StudyTest):
         self.keyboard.type("helo ")
         self.study.await_text("hello ")
         set_accessibility(False)
-        self.study.await_element("Accessibility required", patience=1.5)
+        self.study.await_element("Accessibility required")
         self.assertIsNone(self.study.find("Reset"))
         set_accessibility(True)
-        self.study.await_absence("Accessibility required", patience=1.5)
+        self.study.await_absence("Accessibility required")
         self.assertEqual(self.study.text(), "hello ")
         self.keyboard.type("helo ")
         self.study.await_text("hello hello ")
@@ -173,12 +173,12 @@ class Saving(StudyTest):
 class Gate(StudyTest):
     def test_allow_asks_and_switches_accessibility_on(self):
         set_accessibility(False)
-        self.study.await_element("Accessibility required", patience=1.5)
+        self.study.await_element("Accessibility required")
         self.study.click("Allow")
         self.study.await_element("Allow this application to use accessibility?")
         self.study.await_focus("Allow")
         self.keyboard.type("\r")
-        self.study.await_absence("Accessibility required", patience=2)
+        self.study.await_absence("Accessibility required")
         self.study.await_element("Start")
 
 
