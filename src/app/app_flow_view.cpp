@@ -103,7 +103,7 @@ QWidget* AppFlowView::makeSession(int number) {
 
 QWidget* AppFlowView::makeResults() {
   return new ResultsView({makeSnapshot(1), makeSnapshot(2), services_.study.contactAddress,
-                          services_.savePanel, services_.clock});
+                          services_.savePanel, services_.files, services_.clock});
 }
 
 SessionSnapshot AppFlowView::makeSnapshot(int number) const {

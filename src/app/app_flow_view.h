@@ -9,6 +9,7 @@
 #include "app/study_configuration.h"
 #include "observation/observable.h"
 #include "platform/accessibility.h"
+#include "platform/file_system.h"
 #include "platform/save_panel.h"
 #include "platform/workspace.h"
 #include "session/correction_engine.h"
@@ -36,6 +37,7 @@ class AppFlowView : public QWidget {
     TaskQueue& tasks;
     const Clock& clock;
     SavePanel& savePanel;
+    FileSystem& files;
     StudyConfiguration study;
     OtherPrograms otherPrograms = OtherPrograms::leftAlone;
     QStringList warnings = {};  ///< for the study team, shown before a participant begins

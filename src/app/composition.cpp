@@ -16,7 +16,7 @@ Composition::Composition(const StudyConfiguration& study, const Bundle& bundle)
       workspace_(others_.get()),
       accessibility_(others_.get()),
       keyEventPoster_(tasks_, others_.get()),
-      defaults_(JsonUserDefaults::standardPath()),
+      defaults_(files_, JsonUserDefaults::standardPath()),
       config_(loadTypingConfig(bundle)),
       sessionDefaults_(defaults_, valuesForSessions(study)),
       practiceDefaults_(defaults_, {{UserSettings::autoCorrectionKey, {true}}}),

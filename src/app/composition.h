@@ -7,6 +7,7 @@
 #include "model/user_settings.h"
 #include "platform/linux/json_user_defaults.h"
 #include "platform/linux/other_applications.h"
+#include "platform/linux/posix_file_system.h"
 #include "platform/linux/qt_accessibility.h"
 #include "platform/linux/qt_event_monitors.h"
 #include "platform/linux/qt_key_event_poster.h"
@@ -36,6 +37,7 @@ class Composition {
   /// Whether what is typed in other programs can be read and corrected on this desktop.
   [[nodiscard]] bool reachesOtherPrograms() const { return others_ != nullptr; }
   [[nodiscard]] SavePanel& savePanel() { return savePanel_; }
+  [[nodiscard]] FileSystem& files() { return files_; }
 
   /// What the engines of the two sessions need.
   [[nodiscard]] EngineServices sessionServices() { return engineServices(sessionSettings_); }
@@ -54,6 +56,7 @@ class Composition {
   QtAccessibility accessibility_;
   QtKeyEventPoster keyEventPoster_;
   QtSavePanel savePanel_;
+  PosixFileSystem files_;
   JsonUserDefaults defaults_;
   const TypingConfig config_;
   OverriddenDefaults sessionDefaults_;

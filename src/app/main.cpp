@@ -103,7 +103,7 @@ int runStudy(const mirvane::LoadedStudy& study, const mirvane::Bundle& bundle) {
   mirvane::AppFlowView window(
       {composition.sessionServices(), composition.practiceServices(), composition.accessibility(),
        composition.workspace(), composition.monitors(), composition.tasks(), composition.clock(),
-       composition.savePanel(), study.configuration,
+       composition.savePanel(), composition.files(), study.configuration,
        composition.reachesOtherPrograms() ? mirvane::OtherPrograms::watched
                                           : mirvane::OtherPrograms::leftAlone,
        study.warnings});

@@ -3,6 +3,7 @@
 #include <QMessageBox>
 #include <utility>
 
+#include "files/whole_file.h"
 #include "session/results_report.h"
 #include "text/date_format.h"
 #include "views/badge.h"
@@ -13,7 +14,6 @@
 #include "views/mirvane_primary_button.h"
 #include "views/rounded_card.h"
 #include "views/scroll_column.h"
-#include "views/text_file.h"
 #include "views/text_label.h"
 #include "views/theme.h"
 
@@ -88,8 +88,8 @@ void ResultsView::save() {
        tr("Save result and send to %1").arg(inputs_.contactAddress).toStdString()});
   if (!path) return;
   const auto report = resultsReportText(inputs_.snap1, inputs_.snap2, inputs_.clock.now());
-  if (const auto failure = writeTextFile(*path, report)) {
-    showSaveError(*failure);
+  if (const auto failure = writeWholeFile(inputs_.files, *path, report)) {
+    showSaveError(QString::fromLocal8Bit(failure.message().c_str()));
   } else {
     showSaved();
   }

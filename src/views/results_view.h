@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include "platform/clock.h"
+#include "platform/file_system.h"
 #include "platform/save_panel.h"
 #include "session/session_snapshot.h"
 
@@ -20,6 +21,7 @@ class ResultsView : public QWidget {
     SessionSnapshot snap2;
     QString contactAddress;  ///< of the study team
     SavePanel& savePanel;
+    FileSystem& files;
     const Clock& clock;
   };
 

@@ -36,7 +36,7 @@ class Results : public ::testing::Test {
   QTemporaryDir folder;
   StudyWorld world;
   ResultsView view{{snapshotOf(1), snapshotOf(2), QStringLiteral("team@study.example"),
-                    world.savePanel, world.desktop.clock()}};
+                    world.savePanel, world.files, world.desktop.clock()}};
   QPushButton& button = part<QPushButton>(view, "saveButton");
 };
 

@@ -7,7 +7,7 @@ namespace mirvane {
 std::unique_ptr<AppFlowView> StudyWorld::openFlow() {
   auto flow = std::make_unique<AppFlowView>(AppFlowView::Services{
       services(), services(practiceSettings), desktop.accessibility(), desktop.workspace(),
-      desktop.monitors(), desktop.tasks(), desktop.clock(), savePanel, study});
+      desktop.monitors(), desktop.tasks(), desktop.clock(), savePanel, files, study});
   flow->show();
   return flow;
 }

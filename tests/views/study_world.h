@@ -10,6 +10,7 @@
 #include "app/app_flow_view.h"
 #include "model/typing_config.h"
 #include "model/user_settings.h"
+#include "platform/linux/posix_file_system.h"
 #include "platform/simulated/desktop.h"
 #include "platform/simulated/in_memory_user_defaults.h"
 #include "platform/simulated/scripted_save_panel.h"
@@ -36,6 +37,7 @@ struct StudyWorld {
       {.words = {{"hello", "help", "helm"}, {{"helo", {"hello", "help", "helm"}}}, {}}}};
   SuggestionEngine suggestionEngine{config, settings, english.services()};
   simulated::ScriptedSavePanel savePanel;
+  PosixFileSystem files;
   std::optional<MonitorHandle> cycleKeyMonitor;
 
   [[nodiscard]] EngineServices services() { return services(settings); }

@@ -5,9 +5,10 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <utility>
+
+#include "files/whole_file.h"
 
 namespace mirvane {
 namespace {
@@ -57,7 +58,8 @@ struct ToJson {
 
 }  // namespace
 
-JsonUserDefaults::JsonUserDefaults(QString path) : path_(std::move(path)) {
+JsonUserDefaults::JsonUserDefaults(FileSystem& files, QString path)
+    : files_(files), path_(std::move(path)) {
   load();
 }
 
@@ -67,14 +69,15 @@ QString JsonUserDefaults::standardPath() {
 }
 
 void JsonUserDefaults::load() {
-  QFile file(path_);
-  if (!file.exists()) return;
-  if (!file.open(QIODevice::ReadOnly)) {
-    putAside();
+  removeUnfinishedFiles(files_, filePath().parent_path());
+  std::error_code error;
+  const auto content = readWholeFile(files_, filePath(), error);
+  if (!content) {
+    // What cannot be read may hold settings all the same: it is not written over.
+    isStored_ = error == std::errc::no_such_file_or_directory;
     return;
   }
-  const auto document = QJsonDocument::fromJson(file.readAll());
-  file.close();
+  const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(*content));
   if (document.isObject()) {
     values_ = document.object();
   } else {
@@ -102,10 +105,12 @@ void JsonUserDefaults::set(std::string_view key, DefaultsValue value) {
 
 void JsonUserDefaults::save() const {
   QDir().mkpath(QFileInfo(path_).path());
-  QSaveFile file(path_);
-  if (!file.open(QIODevice::WriteOnly)) return;
-  file.write(QJsonDocument(values_).toJson());
-  file.commit();
+  // Where it cannot be written the value is kept for this run, and what was stored stays as it is.
+  (void)writeWholeFile(files_, filePath(), QJsonDocument(values_).toJson().toStdString());
+}
+
+std::filesystem::path JsonUserDefaults::filePath() const {
+  return QFile::encodeName(path_).toStdString();
 }
 
 }  // namespace mirvane
