@@ -7,6 +7,7 @@
 #include "views/layouts.h"
 #include "views/mirvane_step_sidebar.h"
 #include "views/practice_view.h"
+#include "views/press_guard.h"
 #include "views/results_view.h"
 #include "views/session_typing_view.h"
 #include "views/theme.h"
@@ -62,7 +63,8 @@ void AppFlowView::advance() {
 
 void AppFlowView::showStep() {
   // The old screen may be the one whose button is being pressed: it goes once that is over.
-  if (screen_ != nullptr) {
+  const bool replacesAnother = screen_ != nullptr;
+  if (replacesAnother) {
     screen_->hide();
     screen_->deleteLater();
   }
@@ -71,6 +73,7 @@ void AppFlowView::showStep() {
   sidebar_->setCurrentStep(step_);
   screen_->show();
   screen_->setFocus();
+  if (replacesAnother) guardPresses(*screen_);
 }
 
 QWidget* AppFlowView::makeScreen() {
@@ -118,6 +121,7 @@ void AppFlowView::pollPermission() {
   if (isTrusted == hasAccessibilityAccess_) return;
   hasAccessibilityAccess_ = isTrusted;
   showStudyOrGate();
+  guardPresses(*studyOrGate_->currentWidget());
 }
 
 void AppFlowView::showStudyOrGate() {

@@ -1,11 +1,13 @@
 #include "views/rounded_button.h"
 
+#include <QAccessible>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 
+#include "views/accessible_button.h"
 #include "views/symbol.h"
 #include "views/theme.h"
 
@@ -17,15 +19,39 @@ constexpr int symbolGap = 8;
 constexpr int minimumTarget = 44;
 /// Text widths are rounded: a little more room keeps the last letter from being left out.
 constexpr int textSlack = 4;
+/// That of a disabled button: both can not be pressed.
+constexpr double notReadyOpacity = 0.55;
 
 bool isReturn(const QKeyEvent& event) {
   return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+bool isPress(const QEvent& event) {
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return true;
+    case QEvent::KeyPress: {
+      const auto& key = static_cast<const QKeyEvent&>(event);
+      return isReturn(key) || key.key() == Qt::Key_Space || key.key() == Qt::Key_Select;
+    }
+    default:
+      return false;
+  }
+}
+
+void tellReadiness(QWidget& button) {
+  QAccessible::State changed;
+  changed.disabled = true;
+  QAccessibleStateChangeEvent event(&button, changed);
+  QAccessible::updateAccessibility(&event);
 }
 
 }  // namespace
 
 RoundedButton::RoundedButton(const QString& text, const QFont& font, QWidget* parent)
     : QPushButton(text, parent) {
+  [[maybe_unused]] static const bool isInstalled = (AccessibleButton::install(), true);
   setFont(font);
   setFocusPolicy(Qt::TabFocus);
   setAttribute(Qt::WA_Hover);
@@ -37,6 +63,14 @@ void RoundedButton::setSymbol(const QString& name, int pointSize) {
   symbolPointSize_ = pointSize;
   updateGeometry();
   update();
+}
+
+void RoundedButton::setReady(bool isReady) {
+  if (isReady_ == isReady) return;
+  isReady_ = isReady;
+  if (!isReady) setDown(false);
+  update();
+  tellReadiness(*this);
 }
 
 int RoundedButton::shownSymbolSide() const {
@@ -54,6 +88,10 @@ bool RoundedButton::event(QEvent* event) {
   const auto type = event->type();
   if (type == QEvent::FocusIn || type == QEvent::FocusOut || type == QEvent::PaletteChange) {
     update();
+  }
+  if (!isReady_ && isPress(*event)) {
+    event->accept();
+    return true;
   }
   return QPushButton::event(event);
 }
@@ -78,7 +116,7 @@ void RoundedButton::paintEvent(QPaintEvent* /*event*/) {
   const Look current = look();
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setOpacity(current.opacity);
+  painter.setOpacity(isReady_ ? current.opacity : std::min(current.opacity, notReadyOpacity));
   drawSurface(painter, current);
   drawContent(painter, current);
   if (hasFocus()) drawFocusRing(painter, current);
@@ -91,7 +129,7 @@ void RoundedButton::drawSurface(QPainter& painter, const Look& current) const {
   painter.setPen(QPen(current.outline, 1));
   painter.setBrush(current.fill);
   painter.drawRoundedRect(surface, current.cornerRadius, current.cornerRadius);
-  if (!isEnabled() || !(underMouse() || isDown())) return;
+  if (!canBePressed() || !(underMouse() || isDown())) return;
   painter.setPen(Qt::NoPen);
   painter.setBrush(theme::withOpacity(current.content, isDown() ? pressedShade : hoverShade));
   painter.drawRoundedRect(surface, current.cornerRadius, current.cornerRadius);

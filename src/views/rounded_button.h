@@ -18,6 +18,11 @@ class RoundedButton : public QPushButton {
   /// A symbol behind the text; an empty name takes it away.
   void setSymbol(const QString& name, int pointSize);
 
+  /// A button that is not ready is paler, takes no press by pointer, key or assistive technology,
+  /// and is told to assistive technology as disabled. Unlike a disabled one it keeps the focus.
+  void setReady(bool isReady);
+  [[nodiscard]] bool isReady() const { return isReady_; }
+
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -43,7 +48,9 @@ class RoundedButton : public QPushButton {
   void drawContent(QPainter& painter, const Look& look) const;
   void drawFocusRing(QPainter& painter, const Look& look) const;
   [[nodiscard]] int shownSymbolSide() const;
+  [[nodiscard]] bool canBePressed() const { return isReady_ && isEnabled(); }
 
+  bool isReady_ = true;
   QString symbol_;
   int symbolPointSize_ = 0;
 };

@@ -35,6 +35,7 @@ class Study(Program):
         wait_for(lambda: self.is_enabled(name), f"'{name}' is not enabled")
 
     def click(self, name):
+        self.await_enabled(name)
         element = self.await_element(name)
         # Sooner it would be the second half of a double click, which presses nothing.
         time.sleep(max(0.0, self._clicked + 0.6 - time.monotonic()))
@@ -49,6 +50,7 @@ class Study(Program):
 
         for _ in range(10):
             if is_focused():
+                self.await_enabled(name)
                 self.keyboard.type("\r")
                 return
             self.keyboard.type("\t")

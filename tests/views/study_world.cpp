@@ -1,6 +1,9 @@
 #include "tests/views/study_world.h"
 
 #include <QLabel>
+#include <QTimer>
+
+#include "views/press_guard.h"
 
 namespace mirvane {
 
@@ -10,6 +13,13 @@ std::unique_ptr<AppFlowView> StudyWorld::openFlow() {
       desktop.monitors(), desktop.tasks(), desktop.clock(), savePanel, files, study});
   flow->show();
   return flow;
+}
+
+void endPressGuards(const QWidget& screen) {
+  for (auto* const timer : screen.findChildren<QTimer*>(QLatin1String(pressGuardTimer))) {
+    if (timer->isActive()) timer->start(0);
+  }
+  QCoreApplication::processEvents();
 }
 
 QStringList shownTexts(const QWidget& screen) {

@@ -66,6 +66,9 @@ Widget& part(const QWidget& screen, const char* name) {
   return *found;
 }
 
+/// Lets the time pass for which the buttons of what has just come up take no press.
+void endPressGuards(const QWidget& screen);
+
 /// The texts of all labels that are shown, in order.
 [[nodiscard]] QStringList shownTexts(const QWidget& screen);
 
