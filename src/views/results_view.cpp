@@ -1,6 +1,5 @@
 #include "views/results_view.h"
 
-#include <QMessageBox>
 #include <utility>
 
 #include "files/whole_file.h"
@@ -14,6 +13,7 @@
 #include "views/mirvane_primary_button.h"
 #include "views/rounded_card.h"
 #include "views/scroll_column.h"
+#include "views/study_dialog.h"
 #include "views/text_label.h"
 #include "views/theme.h"
 
@@ -96,13 +96,12 @@ void ResultsView::save() {
 }
 
 void ResultsView::showSaveError(const QString& message) {
-  auto* const alert =
-      new QMessageBox(QMessageBox::Warning, tr("Could not save result file"),
-                      tr("Could not save result file"), QMessageBox::NoButton, this);
+  auto* const alert = new StudyDialog(
+      {QStringLiteral("exclamationmark.triangle.fill"), tr("Could not save result file"),
+       message.isEmpty() ? tr("Unknown error") : message},
+      this);
   alert->setObjectName(QStringLiteral("saveErrorAlert"));
-  alert->setAttribute(Qt::WA_DeleteOnClose);
-  alert->setInformativeText(message.isEmpty() ? tr("Unknown error") : message);
-  alert->setEscapeButton(alert->addButton(tr("OK"), QMessageBox::RejectRole));
+  alert->addChoice(tr("OK"), StudyDialog::ChoiceRole::safe);
   alert->open();
 }
 

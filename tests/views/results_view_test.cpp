@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 
 #include "tests/views/study_world.h"
+#include "views/study_dialog.h"
 
 namespace mirvane {
 namespace {
@@ -67,7 +67,7 @@ TEST_F(Results, AsksWithNameButtonAndMessage) {
 TEST_F(Results, StaysAsItIsWhenTheDialogIsCancelled) {
   button.click();
   EXPECT_EQ(button.text(), "Save Results…");
-  EXPECT_EQ(view.findChild<QMessageBox*>(), nullptr);
+  EXPECT_EQ(view.findChild<StudyDialog*>(), nullptr);
 }
 
 TEST_F(Results, SavesAsOftenAsAsked) {
@@ -81,15 +81,17 @@ TEST_F(Results, SavesAsOftenAsAsked) {
 TEST_F(Results, AlertsToAFailedWriteAndKeepsItsLook) {
   save("one.txt");
   save("missing folder/two.txt");
-  const auto* const alert = view.findChild<QMessageBox*>(QStringLiteral("saveErrorAlert"));
-  ASSERT_NE(alert, nullptr);
-  EXPECT_EQ(alert->text(), "Could not save result file");
-  EXPECT_EQ(alert->informativeText(), "No such file or directory");
-  ASSERT_EQ(alert->buttons().size(), 1);
-  EXPECT_EQ(alert->buttons().first()->text(), "OK");
+  auto& alert = part<StudyDialog>(view, "saveErrorAlert");
+  EXPECT_EQ(alert.accessibleName(), "Could not save result file");
+  EXPECT_EQ(shownTexts(alert),
+            (QStringList{"Could not save result file", "No such file or directory"}));
+  const auto buttons = alert.findChildren<QPushButton*>();
+  ASSERT_EQ(buttons.size(), 1);
+  EXPECT_EQ(buttons.first()->text(), "OK");
   EXPECT_EQ(button.text(), "Saved ✓");
-  alert->buttons().first()->click();
-  EXPECT_FALSE(alert->isVisible());
+  endPressGuards(alert);
+  buttons.first()->click();
+  EXPECT_FALSE(alert.isVisible());
 }
 
 }  // namespace
