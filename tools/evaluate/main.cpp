@@ -1,13 +1,11 @@
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
-#include <iostream>
 #include <string>
 
 #include "evaluate/pair_evaluation.h"
 #include "evaluate/sentence_evaluation.h"
 #include "evaluate/word_evaluation.h"
 #include "support/command_line.h"
+#include "support/progress.h"
 
 namespace mirvane {
 namespace {
@@ -21,15 +19,6 @@ void declare(CLI::App& app, Options& options) {
   app.add_option("--sentences", options.sentences, "File of \"typed TAB intended\" lines");
   app.add_option("--words", options.words, "File of correct words, one a line");
   app.require_option(1);
-}
-
-/// A progress line on standard error, for whoever looks at a terminal.
-Progress terminalProgress() {
-  if (isatty(STDERR_FILENO) == 0) return [](std::size_t, std::size_t) {};
-  return [](std::size_t done, std::size_t whole) {
-    if (done % 50 != 0 && done != whole) return;
-    std::cerr << '\r' << done << " of " << whole << (done == whole ? "\n" : "") << std::flush;
-  };
 }
 
 std::string run(const Options& options) {

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "evaluate/progress.h"
+#include "support/progress.h"
 #include "support/shipped_resources.h"
 
 namespace mirvane {
