@@ -1,8 +1,11 @@
 #include <CLI/CLI.hpp>
 #include <charconv>
 #include <cstdint>
+#include <fstream>
 #include <optional>
+#include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "recording/recording_writer.h"
 #include "session/study_prompts.h"
@@ -17,6 +20,7 @@ struct Options {
   std::int64_t session = 1;
   std::string profile = "tremor";
   std::optional<std::string> text;
+  std::string words;
 };
 
 /// The option parser itself wraps and clamps numbers that do not fit. Empty when all is well.
@@ -39,13 +43,25 @@ void declare(CLI::App& app, Options& options) {
       ->check(CLI::IsMember({"steady", "tremor"}))
       ->capture_default_str();
   app.add_option("--text", options.text, "What is typed; the session's prompt by default");
+  app.add_option("--words", options.words,
+                 "File for the words meant, one JSON object a line, for checking an analysis");
+}
+
+void writeWords(const std::vector<IntendedWord>& words, const std::string& file) {
+  std::ofstream stream(file);
+  for (const auto& [t, meant, typed] : words) {
+    stream << Json{{"t", t}, {"meant", meant}, {"typed", typed}}.dump() << '\n';
+  }
+  if (!stream.flush()) throw std::runtime_error(file + ": cannot be written");
 }
 
 std::string run(const Options& options) {
   const std::string prompt = options.session == 1 ? prompt1 : prompt2;
   const auto& profile = options.profile == "steady" ? steadyProfile() : tremorProfile();
   const auto text = options.text.value_or(prompt);
-  return formatRecording(typeText(text, options.session, profile, options.seed));
+  const auto typed = simulateTyping(text, options.session, profile, options.seed);
+  if (!options.words.empty()) writeWords(typed.words, options.words);
+  return formatRecording(typed.recording);
 }
 
 }  // namespace

@@ -108,6 +108,9 @@ class SessionWriter {
     changeFlags(0);
   }
 
+  /// The latest key press, seconds.
+  [[nodiscard]] double lastPress() const { return lastPress_; }
+
   void finish() {
     wait(thinkingGap);
     events_.push_back({.kind = Kind::done, .t = seconds(now_)});
@@ -122,6 +125,7 @@ class SessionWriter {
   void press(const std::string& character) {
     const auto key = simulated::keyStrokeOrText(character);
     liftBeforePressingAgain(key.keyCode);
+    lastPress_ = seconds(now_);
     events_.push_back({.kind = Kind::down,
                        .t = seconds(now_),
                        .keyCode = key.keyCode,
@@ -149,18 +153,20 @@ class SessionWriter {
   const TypistProfile& profile_;
   RandomSource& random_;
   double now_ = 0;                     // ms
+  double lastPress_ = 0;               // s
   std::optional<std::size_t> lastUp_;  // position of the latest key-up
 };
 
 /// Types a text word by word.
 class Typist {
  public:
-  Typist(Recording& recording, const TypistProfile& profile, RandomSource& random)
-      : session_(recording.session),
+  Typist(TypedText& result, const TypistProfile& profile, RandomSource& random)
+      : session_(result.recording.session),
+        words_(result.words),
         profile_(profile),
         random_(random),
         distorter_(profile, random),
-        writer_(recording, profile, random) {}
+        writer_(result.recording, profile, random) {}
 
   void type(std::string_view text) {
     for (const auto character : text::characters(text)) {
@@ -186,10 +192,22 @@ class Typist {
     } else {
       strikes = distorter_.distort(meant);
     }
-    for (const auto& strike : strikes) writer_.strike(strike);
+    strikeWord(strikes, meant);
     const bool isWrong = !isAsMeant(strikes, meant);
     if (isWrong && session_ == 1 && random_.happens(profile_.chipRate)) writer_.pickFirstChip();
     return isWrong;
+  }
+
+  void strikeWord(const std::vector<Strike>& strikes, const std::vector<std::string>& meant) {
+    if (meant.empty()) return;
+    IntendedWord word{};
+    for (const auto& character : meant) word.meant += character;
+    for (const auto& strike : strikes) {
+      writer_.strike(strike);
+      if (word.typed.empty()) word.t = writer_.lastPress();
+      for (int i = 0; i <= strike.extraPresses; ++i) word.typed += strike.character;
+    }
+    words_.push_back(std::move(word));
   }
 
   static bool isAsMeant(const std::vector<Strike>& strikes, const std::vector<std::string>& meant) {
@@ -205,6 +223,7 @@ class Typist {
   }
 
   std::int64_t session_;
+  std::vector<IntendedWord>& words_;
   const TypistProfile& profile_;
   RandomSource& random_;
   WordDistorter distorter_;
@@ -244,14 +263,19 @@ const TypistProfile& tremorProfile() {
   return profile;
 }
 
+TypedText simulateTyping(std::string_view text, std::int64_t session, const TypistProfile& profile,
+                         std::uint64_t seed) {
+  TypedText result;
+  result.recording.session = session;
+  result.recording.prompt = text;
+  RandomSource random(seed);
+  Typist(result, profile, random).type(text);
+  return result;
+}
+
 Recording typeText(std::string_view text, std::int64_t session, const TypistProfile& profile,
                    std::uint64_t seed) {
-  Recording recording;
-  recording.session = session;
-  recording.prompt = text;
-  RandomSource random(seed);
-  Typist(recording, profile, random).type(text);
-  return recording;
+  return simulateTyping(text, session, profile, seed).recording;
 }
 
 }  // namespace mirvane

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "recording/recording.h"
 
@@ -29,9 +30,25 @@ struct TypistProfile {
 /// Somebody with a tremor: slower, irregular, keys held for about 150 ms.
 [[nodiscard]] const TypistProfile& tremorProfile();
 
-/// What a simulated typist makes of a text: the same for the same seed, on every machine.
-/// `session` is 1 or 2. The text must be typeable on a US keyboard; anything else comes as from an
-/// input method.
+/// A word that a simulated typist had in mind, and what came out.
+struct IntendedWord {
+  double t;           ///< seconds at which its first key was pressed
+  std::string meant;  ///< as in the text
+  std::string typed;
+};
+
+/// What a simulated typist makes of a text, and the words it meant, in order.
+struct TypedText {
+  Recording recording;
+  std::vector<IntendedWord> words;
+};
+
+/// The same for the same seed, on every machine. `session` is 1 or 2. The text must be typeable on
+/// a US keyboard; anything else comes as from an input method.
+[[nodiscard]] TypedText simulateTyping(std::string_view text, std::int64_t session,
+                                       const TypistProfile& profile, std::uint64_t seed);
+
+/// Its recording alone.
 [[nodiscard]] Recording typeText(std::string_view text, std::int64_t session,
                                  const TypistProfile& profile, std::uint64_t seed);
 
