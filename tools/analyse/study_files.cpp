@@ -36,9 +36,9 @@ std::string withoutSessionNumber(const std::string& name) {
 }
 
 std::string participantOf(const Path& file) {
-  const auto stem = file.stem().string();
+  auto stem = file.stem().string();
   if (isReport(file)) return stem;
-  const auto kept = withoutSessionNumber(stem);
+  auto kept = withoutSessionNumber(stem);
   if (!kept.empty()) return kept;
   return std::filesystem::absolute(file).lexically_normal().parent_path().filename().string();
 }
