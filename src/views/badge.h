@@ -22,6 +22,8 @@ class Badge : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void drawContent(QPainter& painter, const QBrush& disc, const QColor& color) const;
+
   Content content_;
 };
 

@@ -6,8 +6,12 @@
 
 namespace mirvane {
 
+QList<QColor> Bar::fills() const {
+  return {theme::bar(palette())};
+}
+
 void Bar::paintEvent(QPaintEvent* /*event*/) {
-  QPainter(this).fillRect(rect(), theme::bar(palette()));
+  QPainter(this).fillRect(rect(), fills().first());
 }
 
 }  // namespace mirvane

@@ -11,11 +11,14 @@ BorderedButton::BorderedButton(const QString& text, const QColor& tint, QWidget*
 
 RoundedButton::Look BorderedButton::look() const {
   if (tint_.isValid()) {
-    const QColor edge = theme::withOpacity(Qt::white, theme::isDark(palette()) ? 0.25 : 0.0);
-    return {tint_, edge, theme::textOn(tint_), 8, 1};
+    const auto [fill, text, outline] = theme::filled(tint_, palette());
+    return {.fill = fill, .shade = shadeBehind(text), .outline = outline, .content = text};
   }
-  const QColor text = palette().color(QPalette::WindowText);
-  return {palette().color(QPalette::Button), theme::withOpacity(text, 0.28), text, 8, 1};
+  const QColor text = palette().color(QPalette::ButtonText);
+  return {.fill = palette().color(QPalette::Button),
+          .shade = text,
+          .outline = theme::faintOutline(text, 0.28, palette()),
+          .content = text};
 }
 
 }  // namespace mirvane

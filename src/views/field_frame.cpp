@@ -16,6 +16,7 @@ FieldFrame::FieldFrame(QWidget* field, const QColor& accent, QWidget* parent)
   column->addWidget(field);
   field->installEventFilter(this);
   setFocusProxy(field);
+  makeTextsReadable();
 }
 
 bool FieldFrame::eventFilter(QObject* /*watched*/, QEvent* event) {
@@ -23,16 +24,39 @@ bool FieldFrame::eventFilter(QObject* /*watched*/, QEvent* event) {
   return false;
 }
 
+void FieldFrame::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) makeTextsReadable();
+}
+
+void FieldFrame::makeTextsReadable() {
+  QPalette own = field_->palette();
+  own.setColor(QPalette::PlaceholderText,
+               theme::color(theme::Tone::secondary, palette(), {palette().color(QPalette::Base)}));
+  if (!theme::isHighContrast(palette())) {
+    own.setColor(QPalette::Highlight,
+                 theme::readable(palette().color(QPalette::Highlight), palette(),
+                                 {palette().color(QPalette::HighlightedText)}));
+  }
+  field_->setPalette(own);
+}
+
+QList<QColor> FieldFrame::fills() const {
+  return {palette().color(QPalette::Base)};
+}
+
 void FieldFrame::paintEvent(QPaintEvent* /*event*/) {
   constexpr double cornerRadius = 10;
   const bool isFocused = field_->hasFocus();
-  const double width = isFocused ? 2.5 : 1;
+  const double width =
+      isFocused ? 2.5 * theme::outlineWidth(palette()) : theme::outlineWidth(palette());
   const QColor color =
       isFocused ? theme::readable(accent_, palette())
-                : theme::withOpacity(theme::color(theme::Tone::secondary, palette()), 0.4);
+                : theme::faintOutline(theme::color(theme::Tone::secondary, palette(), fills()), 0.4,
+                                      palette());
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(palette().color(QPalette::Base));
+  painter.setBrush(fills().first());
   painter.setPen(QPen(color, width));
   const double inset = width / 2;
   painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), cornerRadius,

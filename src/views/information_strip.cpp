@@ -35,9 +35,12 @@ void InformationStrip::changeEvent(QEvent* event) {
   }
 }
 
+QList<QColor> InformationStrip::fills() const {
+  return {theme::faintFill(accent_, 0.10, palette())};
+}
+
 void InformationStrip::paintEvent(QPaintEvent* /*event*/) {
-  const QColor shade = theme::isDark(palette()) ? theme::readable(accent_, palette()) : accent_;
-  QPainter(this).fillRect(rect(), theme::withOpacity(shade, 0.10));
+  QPainter(this).fillRect(rect(), fills().first());
 }
 
 }  // namespace mirvane

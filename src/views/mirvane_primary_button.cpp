@@ -28,8 +28,13 @@ void MirvanePrimaryButton::setLabel(const QString& label, const QString& icon,
 
 RoundedButton::Look MirvanePrimaryButton::look() const {
   constexpr double disabledOpacity = 0.55;
-  return {color_, theme::withOpacity(Qt::white, theme::isDark(palette()) ? 0.25 : 0.0),
-          theme::textOn(color_), 10, isEnabled() ? 1.0 : disabledOpacity};
+  const auto [fill, text, outline] = theme::filled(color_, palette());
+  return {.fill = fill,
+          .shade = shadeBehind(text),
+          .outline = outline,
+          .content = text,
+          .cornerRadius = 10,
+          .opacity = isEnabled() ? 1.0 : disabledOpacity};
 }
 
 }  // namespace mirvane

@@ -18,9 +18,8 @@ QString otherProgramsNotice(OtherPrograms otherPrograms) {
         "What you type in other programs is left alone.");
   }
   return translated(
-      "While a session is open, what you type in other programs is also read, corrected and "
-      "written into the report. To avoid this, type only in this window until the session is "
-      "done.");
+      "While a session is open, text typed in other programs is also read, corrected and "
+      "written into the report. To avoid this, type only in this window.");
 }
 
 }  // namespace mirvane

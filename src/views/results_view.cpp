@@ -106,8 +106,8 @@ void ResultsView::showSaveError(const QString& message) {
 }
 
 void ResultsView::showSaved() {
-  constexpr QColor green(0x24, 0x8A, 0x3D);
-  saveButton_->setLabel(tr("Saved ✓"), QStringLiteral("checkmark.circle.fill"), green);
+  saveButton_->setLabel(tr("Saved ✓"), QStringLiteral("checkmark.circle.fill"),
+                        theme::savedGreen());
 }
 
 }  // namespace mirvane

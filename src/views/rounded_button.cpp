@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "views/accessible_button.h"
+#include "views/surface.h"
 #include "views/symbol.h"
 #include "views/theme.h"
 
@@ -21,6 +22,8 @@ constexpr int minimumTarget = 44;
 constexpr int textSlack = 4;
 /// That of a disabled button: both can not be pressed.
 constexpr double notReadyOpacity = 0.55;
+constexpr double hoverShade = 0.08;
+constexpr double pressedShade = 0.18;
 
 bool isReturn(const QKeyEvent& event) {
   return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -112,8 +115,23 @@ void RoundedButton::mouseDoubleClickEvent(QMouseEvent* event) {
   event->accept();
 }
 
+QColor RoundedButton::shadeBehind(const QColor& text) {
+  return text.lightnessF() > 0.5 ? Qt::black : Qt::white;
+}
+
+RoundedButton::Look RoundedButton::readableLook() const {
+  Look result = look();
+  const auto atRest = laidOver(surfacesBehind(*this), {result.fill});
+  const auto shaded = laidOver(atRest, {theme::withOpacity(result.shade, hoverShade),
+                                        theme::withOpacity(result.shade, pressedShade)});
+  if (!theme::isHighContrast(palette())) {
+    result.content = theme::readable(result.content, palette(), atRest + shaded);
+  }
+  return result;
+}
+
 void RoundedButton::paintEvent(QPaintEvent* /*event*/) {
-  const Look current = look();
+  const Look current = readableLook();
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setOpacity(isReady_ ? current.opacity : std::min(current.opacity, notReadyOpacity));
@@ -123,15 +141,14 @@ void RoundedButton::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void RoundedButton::drawSurface(QPainter& painter, const Look& current) const {
-  constexpr double hoverShade = 0.08;
-  constexpr double pressedShade = 0.18;
-  const QRectF surface = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-  painter.setPen(QPen(current.outline, 1));
+  const double width = theme::outlineWidth(palette());
+  const QRectF surface = QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2);
+  painter.setPen(QPen(current.outline, width));
   painter.setBrush(current.fill);
   painter.drawRoundedRect(surface, current.cornerRadius, current.cornerRadius);
   if (!canBePressed() || !(underMouse() || isDown())) return;
   painter.setPen(Qt::NoPen);
-  painter.setBrush(theme::withOpacity(current.content, isDown() ? pressedShade : hoverShade));
+  painter.setBrush(theme::withOpacity(current.shade, isDown() ? pressedShade : hoverShade));
   painter.drawRoundedRect(surface, current.cornerRadius, current.cornerRadius);
 }
 

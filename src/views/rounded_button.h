@@ -28,14 +28,18 @@ class RoundedButton : public QPushButton {
 
  protected:
   struct Look {
-    QBrush fill;
+    QColor fill;
+    QColor shade;    ///< laid thinly over the fill under the pointer, and thicker while pressed
     QColor outline;  ///< transparent for none
-    QColor content;
+    QColor content;  ///< moved as far as it must be to be read in every state
     double cornerRadius = 8;
     double opacity = 1;
   };
 
   [[nodiscard]] virtual Look look() const = 0;
+
+  /// A shade for filled buttons, which makes their text easier to read rather than harder.
+  [[nodiscard]] static QColor shadeBehind(const QColor& text);
 
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -44,6 +48,7 @@ class RoundedButton : public QPushButton {
   bool event(QEvent* event) override;
 
  private:
+  [[nodiscard]] Look readableLook() const;
   void drawSurface(QPainter& painter, const Look& look) const;
   void drawContent(QPainter& painter, const Look& look) const;
   void drawFocusRing(QPainter& painter, const Look& look) const;

@@ -1,6 +1,5 @@
 #include "views/rounded_card.h"
 
-#include <QLinearGradient>
 #include <QPainter>
 
 #include "views/theme.h"
@@ -9,20 +8,25 @@ namespace mirvane {
 
 RoundedCard::RoundedCard(const Look& look, QWidget* parent) : QWidget(parent), look_(look) {}
 
-void RoundedCard::paintEvent(QPaintEvent* /*event*/) {
-  // A dark window swallows the deep blue: faint fills take the readable shade there.
-  const bool isDark = theme::isDark(palette());
-  const QColor start = isDark ? theme::readable(look_.color, palette()) : look_.color;
-  const QColor end = look_.endColor.isValid() ? look_.endColor : start;
-  QLinearGradient fill(rect().topLeft(), rect().bottomRight());
-  fill.setColorAt(0, theme::withOpacity(start, look_.fillOpacity));
-  fill.setColorAt(1, theme::withOpacity(end, look_.fillOpacity));
+QList<QColor> RoundedCard::fills() const {
+  QList<QColor> result{theme::faintFill(look_.color, look_.fillOpacity, palette())};
+  if (look_.endColor.isValid()) {
+    result << theme::faintFill(look_.endColor, look_.fillOpacity, palette());
+  }
+  return result;
+}
 
+void RoundedCard::paintEvent(QPaintEvent* /*event*/) {
+  const auto shown = laidOver(surfacesBehind(*this).mid(0, 1), fills());
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(fill);
-  painter.setPen(QPen(theme::withOpacity(start, look_.outlineOpacity), 1));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), look_.cornerRadius,
+  gradient_.draw(painter, rect(),
+                 {shown.first(), shown.last(), Qt::BottomRightCorner, look_.cornerRadius});
+  const double width = theme::outlineWidth(palette());
+  const double inset = width / 2;
+  painter.setPen(QPen(theme::faintOutline(look_.color, look_.outlineOpacity, palette()), width));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), look_.cornerRadius,
                           look_.cornerRadius);
 }
 

@@ -3,11 +3,14 @@
 #include <QColor>
 #include <QWidget>
 
+#include "views/smooth_gradient.h"
+#include "views/surface.h"
+
 namespace mirvane {
 
 /// A rounded rectangle behind some content: a faint fill in one colour, or from one colour to
 /// another along the diagonal, and a thin outline.
-class RoundedCard : public QWidget {
+class RoundedCard : public QWidget, public Surface {
   Q_OBJECT
 
  public:
@@ -21,11 +24,14 @@ class RoundedCard : public QWidget {
 
   explicit RoundedCard(const Look& look, QWidget* parent = nullptr);
 
+  [[nodiscard]] QList<QColor> fills() const override;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   const Look look_;
+  SmoothGradient gradient_;
 };
 
 }  // namespace mirvane

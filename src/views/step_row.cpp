@@ -1,5 +1,6 @@
 #include "views/step_row.h"
 
+#include <QEvent>
 #include <QPainter>
 
 #include "views/layouts.h"
@@ -31,22 +32,35 @@ StepRow::StepRow(const QString& title, const QString& symbol, const QColor& deep
 
 void StepRow::setCurrent(bool isCurrent) {
   isCurrent_ = isCurrent;
-  symbol_->setColor(isCurrent ? QColor(Qt::white) : QColor());
   label_->setFont(theme::font(titleSize, isCurrent ? QFont::DemiBold : QFont::Normal));
-  label_->setFixedColor(isCurrent ? QColor(Qt::white) : QColor());
   setAccessibleName(isCurrent ? tr("%1, current step").arg(title_) : title_);
+  applyColors();
   update();
+}
+
+void StepRow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) applyColors();
+}
+
+void StepRow::applyColors() {
+  const QColor color = isCurrent_ ? theme::filled(deep_, palette()).text : QColor();
+  symbol_->setColor(color);
+  label_->setFixedColor(color);
+}
+
+QList<QColor> StepRow::fills() const {
+  return isCurrent_ ? QList<QColor>{theme::filled(deep_, palette()).fill} : QList<QColor>{};
 }
 
 void StepRow::paintEvent(QPaintEvent* /*event*/) {
   if (!isCurrent_) return;
   constexpr double cornerRadius = 7;
+  const auto look = theme::filled(deep_, palette());
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  // On a dark window an edge keeps the deep row apart from its surroundings.
-  const bool isDark = theme::isDark(palette());
-  painter.setPen(isDark ? QPen(theme::withOpacity(Qt::white, 0.25), 1) : QPen(Qt::NoPen));
-  painter.setBrush(deep_);
+  painter.setPen(look.outline);
+  painter.setBrush(look.fill);
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius,
                           cornerRadius);
 }

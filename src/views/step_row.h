@@ -3,6 +3,8 @@
 #include <QColor>
 #include <QWidget>
 
+#include "views/surface.h"
+
 namespace mirvane {
 
 class Symbol;
@@ -10,7 +12,7 @@ class TextLabel;
 
 /// One step of the sidebar; the current one is filled and bold, and says so to assistive
 /// technology.
-class StepRow : public QWidget {
+class StepRow : public QWidget, public Surface {
   Q_OBJECT
 
  public:
@@ -19,11 +21,15 @@ class StepRow : public QWidget {
 
   void setCurrent(bool isCurrent);
   [[nodiscard]] bool isCurrent() const { return isCurrent_; }
+  [[nodiscard]] QList<QColor> fills() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  void applyColors();
+
   QString title_;
   QColor deep_;
   Symbol* symbol_;

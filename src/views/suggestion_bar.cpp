@@ -1,9 +1,8 @@
 #include "views/suggestion_bar.h"
 
-#include <QLinearGradient>
+#include <QGridLayout>
 #include <QPainter>
 
-#include "views/layouts.h"
 #include "views/text_label.h"
 #include "views/theme.h"
 
@@ -16,6 +15,13 @@ constexpr int barHeight = 44;
 SuggestionChip::Emphasis emphasisOf(std::size_t index, std::int64_t cycleIndex) {
   if (static_cast<std::int64_t>(index) == cycleIndex) return SuggestionChip::Emphasis::current;
   return index == 0 ? SuggestionChip::Emphasis::best : SuggestionChip::Emphasis::other;
+}
+
+/// Also while it is hidden: nothing may move under a pointer that is on its way to a chip.
+void keepPlace(QWidget& chip) {
+  auto policy = chip.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  chip.setSizePolicy(policy);
 }
 
 }  // namespace
@@ -39,15 +45,19 @@ SuggestionBar::SuggestionBar(const CorrectionEngine& engine, const QColor& accen
 }
 
 void SuggestionBar::makeChips() {
-  auto* const row = makeRow(8, this);
+  auto* const places = new QGridLayout(this);
   const int edge = placement_ == Placement::acrossScreen ? 24 : 8;
-  row->setContentsMargins(edge, 8, edge, 8);
-  row->addWidget(dash_, 1);
+  places->setContentsMargins(edge, 8, edge, 8);
+  places->setSpacing(8);
+  places->addWidget(dash_, 0, 0, 1, static_cast<int>(chipCount));
   for (std::size_t i = 0; i < chipCount; ++i) {
     auto* const chip = new SuggestionChip(accent_, this);
     chip->setObjectName(QStringLiteral("chip%1").arg(i));
     connect(chip, &QPushButton::clicked, this, [this, chip] { Q_EMIT chosen(chip->text()); });
-    row->addWidget(chip, 1);
+    const int column = static_cast<int>(i);
+    places->addWidget(chip, 0, column);
+    places->setColumnStretch(column, 1);
+    keepPlace(*chip);
     chips_.at(i) = chip;
   }
 }
@@ -65,16 +75,15 @@ void SuggestionBar::showSuggestions() {
   }
 }
 
+QList<QColor> SuggestionBar::fills() const {
+  return {theme::faintFill(accent_, 0.10, palette()), theme::faintFill(accent_, 0.03, palette())};
+}
+
 void SuggestionBar::paintEvent(QPaintEvent* /*event*/) {
-  QLinearGradient gradient(0, 0, width(), 0);
-  gradient.setColorAt(0, theme::withOpacity(accent_, 0.10));
-  gradient.setColorAt(1, theme::withOpacity(accent_, 0.03));
   const double cornerRadius = placement_ == Placement::acrossScreen ? 0 : 12;
+  const auto shown = laidOver(surfacesBehind(*this).mid(0, 1), fills());
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(gradient);
-  painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+  gradient_.draw(painter, rect(), {shown.first(), shown.last(), Qt::TopRightCorner, cornerRadius});
 }
 
 }  // namespace mirvane

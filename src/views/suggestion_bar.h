@@ -6,14 +6,16 @@
 #include <vector>
 
 #include "session/correction_engine.h"
+#include "views/smooth_gradient.h"
 #include "views/suggestion_chip.h"
+#include "views/surface.h"
 
 namespace mirvane {
 
 class TextLabel;
 
-/// The engine's suggestions as chips; a dash while there are none.
-class SuggestionBar : public QWidget {
+/// The engine's suggestions as chips, each rank in a place of its own; a dash while there are none.
+class SuggestionBar : public QWidget, public Surface {
   Q_OBJECT
 
  public:
@@ -22,6 +24,8 @@ class SuggestionBar : public QWidget {
   /// The engine must outlive the bar.
   SuggestionBar(const CorrectionEngine& engine, const QColor& accent, Placement placement,
                 QWidget* parent = nullptr);
+
+  [[nodiscard]] QList<QColor> fills() const override;
 
  Q_SIGNALS:
   /// A chip was tapped.
@@ -42,6 +46,7 @@ class SuggestionBar : public QWidget {
   TextLabel* dash_;
   std::array<SuggestionChip*, chipCount> chips_{};
   std::array<Subscription, 2> subscriptions_;
+  SmoothGradient gradient_;
 };
 
 }  // namespace mirvane

@@ -23,7 +23,9 @@ QFont::Weight weightOf(SuggestionChip::Emphasis emphasis) {
 
 SuggestionChip::SuggestionChip(const QColor& accent, QWidget* parent)
     : RoundedButton({}, theme::font(pointSize), parent), accent_(accent) {
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  // Its place is as wide as the others, whatever it says.
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  setMinimumWidth(minimumSizeHint().height());
 }
 
 void SuggestionChip::setSuggestion(const QString& suggestion, Emphasis emphasis) {
@@ -38,21 +40,25 @@ void SuggestionChip::setSuggestion(const QString& suggestion, Emphasis emphasis)
 
 RoundedButton::Look SuggestionChip::look() const {
   constexpr double cornerRadius = 9;
-  // The text stands on a tint of its own colour, which takes contrast away.
-  constexpr double contrastOnWindow = 6.5;
-  const QColor accent = theme::readable(accent_, palette(), contrastOnWindow);
-  const bool isDark = theme::isDark(palette());
-  const QColor shade = isDark ? accent : accent_;
-  const QColor secondary = theme::color(theme::Tone::secondary, palette());
+  const QColor text = palette().color(QPalette::WindowText);
+  if (theme::isHighContrast(palette())) {
+    if (emphasis_ != Emphasis::current) return {Qt::transparent, text, text, text, cornerRadius};
+    const auto [fill, onFill, outline] = theme::filled(accent_, palette());
+    return {fill, shadeBehind(onFill), outline, onFill, cornerRadius};
+  }
+  const QColor secondary =
+      theme::color(theme::Tone::secondary, palette(), {palette().color(QPalette::Window)});
   switch (emphasis_) {
     case Emphasis::current:
-      return {theme::withOpacity(shade, 0.28), accent, accent, cornerRadius, 1};
+      return {theme::faintFill(accent_, 0.28, palette()), text, theme::readable(accent_, palette()),
+              accent_, cornerRadius};
     case Emphasis::best:
-      return {theme::withOpacity(shade, 0.14), Qt::transparent, accent, cornerRadius, 1};
+      return {theme::faintFill(accent_, 0.14, palette()), text, Qt::transparent, accent_,
+              cornerRadius};
     case Emphasis::other:
       break;
   }
-  return {theme::withOpacity(secondary, 0.08), Qt::transparent, secondary, cornerRadius, 1};
+  return {theme::withOpacity(secondary, 0.08), text, Qt::transparent, secondary, cornerRadius};
 }
 
 }  // namespace mirvane

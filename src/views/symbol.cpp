@@ -6,6 +6,8 @@
 #include <QSvgRenderer>
 #include <cmath>
 
+#include "views/surface.h"
+
 /// The drawings lie in a static library, which leaves them to whoever uses them first.
 static void loadDrawings() {
   Q_INIT_RESOURCE(symbols);
@@ -85,7 +87,9 @@ void Symbol::setColor(const QColor& color) {
 
 void Symbol::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QColor color = color_.isValid() ? color_ : theme::symbolColor(tone_, palette());
+  const QColor color = color_.isValid() ? color_
+                                        : theme::color(tone_, palette(), surfacesBehind(*this),
+                                                       theme::symbolContrast);
   drawSymbol(painter, rect(), name_, side_, color);
 }
 

@@ -2,6 +2,8 @@
 
 #include <QEvent>
 
+#include "views/surface.h"
+
 namespace mirvane {
 
 TextLabel::TextLabel(const QString& text, int pixelSize, QFont::Weight weight, theme::Tone tone,
@@ -35,12 +37,19 @@ void TextLabel::changeEvent(QEvent* event) {
   }
 }
 
+bool TextLabel::event(QEvent* event) {
+  // Only in its place in a window does a label know what it stands on.
+  if (event->type() == QEvent::Polish || event->type() == QEvent::ShowToParent) applyColor();
+  return QLabel::event(event);
+}
+
 QColor TextLabel::currentColor() const {
   if (fixedColor_.isValid()) return fixedColor_;
   // The tone is worked out from the inherited palette: the label's own text colour is the result.
   const QPalette inherited = parentWidget() != nullptr ? parentWidget()->palette() : QPalette();
-  if (accent_.isValid()) return theme::readable(accent_, inherited);
-  return theme::color(tone_, inherited);
+  const auto surfaces = surfacesBehind(*this);
+  if (accent_.isValid()) return theme::readable(accent_, inherited, surfaces);
+  return theme::color(tone_, inherited, surfaces);
 }
 
 void TextLabel::applyColor() {

@@ -15,12 +15,13 @@ class TextLabel : public QLabel {
             QWidget* parent = nullptr);
 
   void setTone(theme::Tone tone);
-  /// Draws in `accent`, made readable on the window, instead of the tone's colour.
+  /// Draws in `accent`, made readable where it stands, instead of the tone's colour.
   void setAccent(const QColor& accent);
   /// Draws in exactly this colour, for texts on a surface of their own; an invalid one ends that.
   void setFixedColor(const QColor& color);
 
  protected:
+  bool event(QEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:

@@ -17,12 +17,6 @@
 namespace mirvane {
 namespace {
 
-QPalette darkPalette() {
-  QPalette palette(QColor(0x2B, 0x2B, 0x2B));
-  palette.setColor(QPalette::WindowText, Qt::white);
-  return palette;
-}
-
 TEST(AppSteps, GoForwardAndKnowNoOtherValues) {
   EXPECT_EQ(appStepFromRawValue(0), AppStep::intro);
   EXPECT_EQ(appStepFromRawValue(4), AppStep::results);
@@ -30,20 +24,6 @@ TEST(AppSteps, GoForwardAndKnowNoOtherValues) {
   EXPECT_EQ(appStepFromRawValue(-1), std::nullopt);
   EXPECT_EQ(stepAfter(AppStep::practice), AppStep::session1);
   EXPECT_EQ(stepAfter(AppStep::results), std::nullopt);
-}
-
-TEST(Theme, KeepsAccentsReadableOnLightAndDark) {
-  for (const auto& palette : {QPalette(QColor(0xEF, 0xEF, 0xEF)), darkPalette()}) {
-    const QColor window = palette.color(QPalette::Window);
-    for (const auto& accent : {theme::deep(), theme::sky(), theme::orange()}) {
-      EXPECT_GE(theme::contrast(theme::readable(accent, palette), window), 4.5);
-    }
-    for (const auto tone : {theme::Tone::primary, theme::Tone::secondary, theme::Tone::warning,
-                            theme::Tone::success}) {
-      EXPECT_GE(theme::contrast(theme::color(tone, palette), window), 4.5);
-    }
-  }
-  EXPECT_GE(theme::contrast(theme::textOn(theme::sky()), theme::sky()), 4.5);
 }
 
 TEST(Symbols, AreDrawnInOneColourWithTheirHoles) {

@@ -90,6 +90,39 @@ TEST_F(SessionView, ShowsADashOrAChipForEachSuggestion) {
   EXPECT_TRUE(part<QWidget>(*view, "noSuggestions").isVisible());
 }
 
+TEST_F(SessionView, KeepsTheChipsInTheirPlacesWhateverTheySay) {
+  open(1);
+  view->resize(570, 600);
+  const auto places = [this] {
+    QCoreApplication::processEvents();
+    return QList<QRect>{chip(0).geometry(), chip(1).geometry(), chip(2).geometry()};
+  };
+  world.desktop.type("helo");
+  const auto before = places();
+  for (int i = 1; i < 3; ++i) EXPECT_NEAR(before[i].width(), before[0].width(), 1);
+  chip(0).setSuggestion(QStringLiteral("incomprehensibilities"), SuggestionChip::Emphasis::other);
+  EXPECT_EQ(places(), before);
+  chip(1).hide();
+  chip(2).hide();
+  EXPECT_EQ(places()[0], before[0]);
+  EXPECT_LT(before[0].width(), part<QWidget>(*view, "doneButton").width() / 2);
+}
+
+TEST_F(SessionView, DrawsTheGradientOfTheBarWithoutStripes) {
+  open(1);
+  view->resize(570, 600);
+  QCoreApplication::processEvents();
+  auto* const bar = part<QWidget>(*view, "noSuggestions").parentWidget();
+  const QImage line = bar->grab().toImage();
+  int longestRun = 0;
+  int run = 0;
+  for (int x = 1; x < line.width(); ++x) {
+    run = line.pixel(x, 2) == line.pixel(x - 1, 2) ? run + 1 : 0;
+    longestRun = std::max(longestRun, run);
+  }
+  EXPECT_LT(longestRun, 12);
+}
+
 TEST_F(SessionView, AppliesATappedChipAndGivesTheFieldTheFocus) {
   open(1);
   view->activateWindow();
