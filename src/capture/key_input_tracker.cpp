@@ -63,6 +63,11 @@ void KeyInputTracker::reset() {
   typedWordBuffer_.reset();
 }
 
+void KeyInputTracker::restore(KeyEventList events) {
+  if (events.size() > eventCapacity) events.resize(eventCapacity);
+  events_.assign(std::move(events));
+}
+
 void KeyInputTracker::handleKeyDown(std::uint16_t keyCode, std::string_view characters,
                                     std::uint64_t modifierFlags, double timestamp,
                                     std::optional<std::int64_t> sourceUserData) {

@@ -63,6 +63,9 @@ class KeyInputTracker {
   /// Forgets the recorded keys and the words, and goes on watching.
   void reset();
 
+  /// Takes keys that were recorded in an earlier run, newest first, for its own.
+  void restore(KeyEventList events);
+
   /// The platform-free entry points. Timestamps are seconds; `sourceUserData` is absent when no
   /// low-level event stands behind the key.
   void handleKeyDown(std::uint16_t keyCode, std::string_view characters,

@@ -228,6 +228,17 @@ void TypingViewModel::applySuggestion(const std::string& picked) {
   feedbackType_.set(std::nullopt);
 }
 
+void TypingViewModel::resume(const KeyEventList& events,
+                             std::optional<SuggestionCycler::Record> cycled) {
+  if (cycled && cycled->axTarget) {
+    cycled->axTarget->element = services_.accessibility.focusedElement();
+    if (!cycled->axTarget->element) cycled->axTarget.reset();
+  }
+  suggestionCycler_.record = std::move(cycled);
+  updateTypingState(events);
+  updateCurrentWord();
+}
+
 void TypingViewModel::clear() {
   setTypingInfo({});
   typingState_.assign({});

@@ -64,6 +64,10 @@ class TypingViewModel {
   /// Puts a suggestion that the participant picked in place of the word being typed.
   void applySuggestion(const std::string& picked);
 
+  /// Takes up typing that an earlier run left: the word at the caret, the typing state of these
+  /// keys, and what can be cycled in the focused element.
+  void resume(const KeyEventList& events, std::optional<SuggestionCycler::Record> cycled);
+
   /// Forgets the word, the typing state, the feedback and what could be cycled.
   void clear();
 

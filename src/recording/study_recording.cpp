@@ -22,31 +22,10 @@ DateTime instantOf(const std::string& text, std::string_view key) {
   return *instant;
 }
 
-std::optional<DateTime> instantAt(const JsonFields& fields, std::string_view key) {
-  const auto text = fields.string(key);
-  if (!text) return std::nullopt;
-  return instantOf(*text, key);
-}
-
-RecordedStudySession parseSession(const JsonFields& fields) {
-  fields.refuseOthersThan({"session", "start", "origin", "firstKey", "lastKey", "resets", "end"});
-  RecordedStudySession session{.session = required(fields.whole("session", 1, 2), "session"),
-                               .start = required(instantAt(fields, "start"), "start"),
-                               .origin = fields.seconds("origin"),
-                               .firstKey = instantAt(fields, "firstKey"),
-                               .lastKey = instantAt(fields, "lastKey"),
-                               .resets = {},
-                               .end = fields.seconds("end")};
-  for (const auto& reset : fields.strings("resets").value_or(std::vector<std::string>{})) {
-    session.resets.push_back(instantOf(reset, "resets"));
-  }
-  return session;
-}
-
 std::vector<RecordedStudySession> parseSessions(const JsonFields& fields) {
   if (fields.find("sessions") == nullptr) throw std::runtime_error("\"sessions\" is missing");
   std::vector<RecordedStudySession> sessions;
-  for (const auto& entry : fields.objects("sessions")) sessions.push_back(parseSession(entry));
+  for (const auto& entry : fields.objects("sessions")) sessions.push_back(parseStudySession(entry));
   const bool areInOrder = std::is_sorted(
       sessions.begin(), sessions.end(),
       [](const auto& left, const auto& right) { return left.session <= right.session; });
@@ -75,7 +54,30 @@ Json instantJson(const std::optional<DateTime>& instant) {
   return instant ? Json(text::iso8601Milliseconds(*instant)) : Json(nullptr);
 }
 
-Json sessionJson(const RecordedStudySession& session) {
+}  // namespace
+
+std::optional<DateTime> instantAt(const JsonFields& fields, std::string_view key) {
+  const auto text = fields.string(key);
+  if (!text) return std::nullopt;
+  return instantOf(*text, key);
+}
+
+RecordedStudySession parseStudySession(const JsonFields& fields) {
+  fields.refuseOthersThan({"session", "start", "origin", "firstKey", "lastKey", "resets", "end"});
+  RecordedStudySession session{.session = required(fields.whole("session", 1, 2), "session"),
+                               .start = required(instantAt(fields, "start"), "start"),
+                               .origin = fields.seconds("origin"),
+                               .firstKey = instantAt(fields, "firstKey"),
+                               .lastKey = instantAt(fields, "lastKey"),
+                               .resets = {},
+                               .end = fields.seconds("end")};
+  for (const auto& reset : fields.strings("resets").value_or(std::vector<std::string>{})) {
+    session.resets.push_back(instantOf(reset, "resets"));
+  }
+  return session;
+}
+
+Json studySessionJson(const RecordedStudySession& session) {
   Json json{{"session", session.session}, {"start", text::iso8601Milliseconds(session.start)}};
   if (session.origin) json["origin"] = *session.origin;
   json["firstKey"] = instantJson(session.firstKey);
@@ -85,8 +87,6 @@ Json sessionJson(const RecordedStudySession& session) {
   if (session.end) json["end"] = *session.end;
   return json;
 }
-
-}  // namespace
 
 RecordedSettings parseRecordedSettings(const JsonFields& fields) {
   return {.isAutoCorrectionEnabled = fields.boolean("isAutoCorrectionEnabled"),
@@ -138,7 +138,7 @@ std::string formatStudyHeader(const StudyHeader& header) {
             {"settings", settingsJson(header.settings)},
             {"timeZone", orNull(header.timeZone)},
             {"sessions", Json::array()}};
-  for (const auto& session : header.sessions) json["sessions"].push_back(sessionJson(session));
+  for (const auto& session : header.sessions) json["sessions"].push_back(studySessionJson(session));
   return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 

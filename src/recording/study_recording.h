@@ -15,10 +15,10 @@ namespace mirvane {
 
 /// The user's settings as recordings have them; what is absent has its default.
 struct RecordedSettings {
-  std::optional<bool> isAutoCorrectionEnabled;
-  std::optional<std::vector<std::string>> allowList;
-  std::optional<std::vector<std::string>> disabledAppBundleIDs;
-  std::optional<std::string> frontmost;
+  std::optional<bool> isAutoCorrectionEnabled = {};
+  std::optional<std::vector<std::string>> allowList = {};
+  std::optional<std::vector<std::string>> disabledAppBundleIDs = {};
+  std::optional<std::string> frontmost = {};
 };
 
 /// Reads the object "settings" of a header of either version.
@@ -54,6 +54,14 @@ struct StudyRecording {
   StudyHeader header;
   std::vector<StudyEvent> events;
 };
+
+/// Reads and writes one entry of the header's "sessions".
+[[nodiscard]] RecordedStudySession parseStudySession(const JsonFields& fields);
+[[nodiscard]] Json studySessionJson(const RecordedStudySession& session);
+
+/// The instant that stands in a field; throws for a text that is none.
+[[nodiscard]] std::optional<RecordedStudySession::DateTime> instantAt(const JsonFields& fields,
+                                                                      std::string_view key);
 
 /// Reads a header of version 2. Throws a `std::runtime_error` that says what is wrong with it.
 [[nodiscard]] StudyHeader parseStudyHeader(const JsonFields& fields);

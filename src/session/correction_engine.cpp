@@ -1,6 +1,7 @@
 #include "session/correction_engine.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "text/characters.h"
 #include "text/word_boundaries.h"
@@ -33,6 +34,7 @@ CorrectionEngine::CorrectionEngine(const EngineServices& services)
 
 void CorrectionEngine::startTracking() {
   if (isTracking) return;
+  if (observer != nullptr) observer->trackingChanged(true);
   keyInputTracker_.start();
   isTracking = true;
 }
@@ -41,6 +43,7 @@ void CorrectionEngine::stopTracking() {
   if (!isTracking) return;
   keyInputTracker_.stop();
   isTracking = false;
+  if (observer != nullptr) observer->trackingChanged(false);
 }
 
 void CorrectionEngine::handleKeyEvents(const KeyEventList& events) {
@@ -56,9 +59,7 @@ void CorrectionEngine::handleKeyEvents(const KeyEventList& events) {
 }
 
 void CorrectionEngine::handleCorrection(const CorrectionEvent& event) {
-  CorrectionEvent logged = event;
-  logged.wordIndex = wordIndexFor(event.type);
-  measurements_.correctionLog.push_back(std::move(logged));
+  log(event);
   if (event.type == correction_type::manual) {
     ++measurements_.manualCorrectionCount;
   } else {
@@ -74,10 +75,15 @@ void CorrectionEngine::handleCorrection(const CorrectionEvent& event) {
 
 void CorrectionEngine::handleCycle(const std::string& previousText, const std::string& newText) {
   ++measurements_.cycleKeyCount;
-  measurements_.correctionLog.push_back(
-      {clock_.now(), previousText, newText, correction_type::cycle,
-       typingViewModel_.confidence(previousText, newText), wordIndexFor(correction_type::cycle)});
+  log({clock_.now(), previousText, newText, correction_type::cycle,
+       typingViewModel_.confidence(previousText, newText), std::nullopt});
   refreshSuggestions();
+}
+
+void CorrectionEngine::log(CorrectionEvent event) {
+  event.wordIndex = wordIndexFor(event.type);
+  measurements_.correctionLog.push_back(std::move(event));
+  if (observer != nullptr) observer->corrected(measurements_.correctionLog.back());
 }
 
 void CorrectionEngine::refreshSuggestions() {
@@ -97,6 +103,27 @@ void CorrectionEngine::reset() {
   startUptime_ = clock_.uptimeSeconds();
   keyInputTracker_.reset();
   typingViewModel_.clear();
+  restoredCycle_.reset();
+  if (observer != nullptr) observer->wasReset();
+}
+
+CorrectionEngine::State CorrectionEngine::state() const {
+  State state{measurements_, sessionStart_, elapsed(), typingViewModel_.suggestionCycler().record};
+  if (state.cycled && state.cycled->axTarget) state.cycled->axTarget->element.reset();
+  return state;
+}
+
+void CorrectionEngine::restore(State state, KeyEventList keys) {
+  measurements_ = std::move(state.measurements);
+  sessionStart_ = state.sessionStart;
+  startUptime_ = clock_.uptimeSeconds() - state.elapsed;
+  restoredCycle_ = std::move(state.cycled);
+  keyInputTracker_.restore(std::move(keys));
+}
+
+void CorrectionEngine::resume() {
+  typingViewModel_.resume(*keyInputTracker_.events(), std::exchange(restoredCycle_, std::nullopt));
+  refreshSuggestions();
 }
 
 /// A suggestion picked by hand is for the word still being typed, everything else for the word

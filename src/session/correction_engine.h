@@ -19,6 +19,21 @@ struct EngineServices {
   TypingViewModel::Services correction;
 };
 
+/// Follows a session as it happens, on the main thread.
+class SessionObserver {
+ public:
+  SessionObserver() = default;
+  SessionObserver(const SessionObserver&) = delete;
+  SessionObserver& operator=(const SessionObserver&) = delete;
+  virtual ~SessionObserver() = default;
+
+  /// A screen came up or went away. The tracker starts after this call and has stopped before it.
+  virtual void trackingChanged(bool isTracking) = 0;
+  /// A correction or cycle step was logged; the engine still shows the suggestions before it.
+  virtual void corrected(const CorrectionEvent& logged) = 0;
+  virtual void wasReset() = 0;
+};
+
 /// The hub of one typing session: owns the key input tracker and the typing view model, and turns
 /// what they report into counters and logs. All counters start at 0 and grow until the next reset.
 class CorrectionEngine {
@@ -36,9 +51,21 @@ class CorrectionEngine {
     std::string rawInputLog;                     ///< everything typed, one text after the other
   };
 
+  /// Enough to take a session up again in another run of the program.
+  struct State {
+    Measurements measurements;
+    Clock::DateTime sessionStart;
+    double elapsed = 0;  ///< seconds
+    /// What can be cycled; its target names no element.
+    std::optional<SuggestionCycler::Record> cycled;
+  };
+
   explicit CorrectionEngine(const EngineServices& services);
   CorrectionEngine(const CorrectionEngine&) = delete;
   CorrectionEngine& operator=(const CorrectionEngine&) = delete;
+
+  /// Null, or somebody who lives for as long as it stands here.
+  SessionObserver* observer = nullptr;
 
   /// Set while a screen has the tracker running, so that it is not started twice.
   bool isTracking = false;
@@ -71,12 +98,24 @@ class CorrectionEngine {
   /// Starts the session anew; a running tracker goes on running.
   void reset();
 
+  [[nodiscard]] State state() const;
+
+  /// Goes on from a state as if the program had run all the time but for the pause: `elapsed`
+  /// counts on, the date of the start stays. `keys` are the presses to judge the typing by, newest
+  /// first.
+  void restore(State state, KeyEventList keys);
+
+  /// After `restore`, once the field has its text and the focus: works out what a key would have
+  /// left behind, the suggestions and what can be cycled.
+  void resume();
+
   /// The subscribers of tracker, view model and cycler.
   void handleKeyEvents(const KeyEventList& events);
   void handleCorrection(const CorrectionEvent& event);
   void handleCycle(const std::string& previousText, const std::string& newText);
 
  private:
+  void log(CorrectionEvent event);
   [[nodiscard]] std::optional<std::int64_t> wordIndexFor(std::string_view type) const;
 
   const Clock& clock_;
@@ -85,6 +124,7 @@ class CorrectionEngine {
   Measurements measurements_;
   Clock::DateTime sessionStart_;
   double startUptime_;
+  std::optional<SuggestionCycler::Record> restoredCycle_;
   KeyInputTracker keyInputTracker_;
   TypingViewModel typingViewModel_;
 };
