@@ -1,6 +1,10 @@
 #include "app/app_flow_view.h"
 
+#include <QApplication>
+#include <QPlainTextEdit>
+
 #include "capture/cycle_key_monitor.h"
+#include "text/date_format.h"
 #include "views/accessibility_required_gate_view.h"
 #include "views/divider.h"
 #include "views/intro_view.h"
@@ -10,6 +14,7 @@
 #include "views/press_guard.h"
 #include "views/results_view.h"
 #include "views/session_typing_view.h"
+#include "views/study_dialog.h"
 #include "views/theme.h"
 
 namespace mirvane {
@@ -17,6 +22,20 @@ namespace {
 
 constexpr int refreshMilliseconds = 1000;
 constexpr const char* practicePrompt = "helo";
+/// With the time that writing takes, what is kept is at most a second behind.
+constexpr int keepMilliseconds = 500;
+
+StudyHeader headerOf(const AppFlowView::Services& services) {
+  auto header = services.header;
+  header.prompts = services.study.prompts;
+  if (!services.study.participant.empty()) header.participant = services.study.participant;
+  return header;
+}
+
+QString nameOf(std::int64_t step) {
+  if (step == StudyKeeping::results) return QObject::tr("Results");
+  return QObject::tr("Session %1").arg(step == StudyKeeping::session1 ? 1 : 2);
+}
 
 }  // namespace
 
@@ -25,6 +44,8 @@ AppFlowView::AppFlowView(const Services& services, QWidget* parent)
       services_(services),
       engine1_(services.engine),
       engine2_(services.engine),
+      keeping_({services.monitors, services.tasks, services.clock}, headerOf(services),
+               services.journal, {{{engine1_, typedText1_}, {engine2_, typedText2_}}}),
       hasAccessibilityAccess_(services.accessibility.isProcessTrusted()),
       studyOrGate_(new QStackedLayout(this)) {
   constexpr QSize minimumFrame(760, 600);
@@ -36,6 +57,13 @@ AppFlowView::AppFlowView(const Services& services, QWidget* parent)
   refreshTimer_.setTimerType(Qt::CoarseTimer);
   connect(&refreshTimer_, &QTimer::timeout, this, &AppFlowView::pollPermission);
   refreshTimer_.start(refreshMilliseconds);
+  keepTimer_.setSingleShot(true);
+  keepTimer_.setInterval(keepMilliseconds);
+  connect(&keepTimer_, &QTimer::timeout, this, [this] { keeping_.keep(); });
+  keeping_.onChange = [this] {
+    if (!keepTimer_.isActive()) keepTimer_.start();
+  };
+  if (keeping_.found() != nullptr) QTimer::singleShot(0, this, &AppFlowView::offerToTakeUp);
 }
 
 AppFlowView::~AppFlowView() {
@@ -59,6 +87,41 @@ void AppFlowView::advance() {
   if (!next) return;
   step_ = *next;
   showStep();
+  keeping_.stepChanged(static_cast<std::int64_t>(step_));
+}
+
+void AppFlowView::offerToTakeUp() {
+  const auto& study = keeping_.found()->study;
+  auto* const offer =
+      new StudyDialog({QStringLiteral("arrow.2.circlepath"), tr("Your study is not finished yet"),
+                       tr("You stopped in “%1” on %2, before your typing was saved. You can go on "
+                          "where you were.\n\n"
+                          "If you start afresh, what you typed then is deleted.")
+                           .arg(nameOf(study.step),
+                                QString::fromStdString(text::mediumDateShortTime(study.savedAt)))},
+                      this);
+  offer->setObjectName(QStringLiteral("takeUpOffer"));
+  offer->addChoice(tr("Continue where you stopped"), StudyDialog::ChoiceRole::safe,
+                   [this] { takeUp(); });
+  offer->addChoice(tr("Start afresh and delete what was typed"), StudyDialog::ChoiceRole::other,
+                   [this] { keeping_.startAfresh(); });
+  offer->open();
+}
+
+void AppFlowView::takeUp() {
+  const auto step = appStepFromRawValue(keeping_.takeUp());
+  if (!step) return;
+  step_ = *step;
+  showStep();
+  connect(qApp, &QApplication::focusChanged, this, &AppFlowView::resumeTyping);
+  resumeTyping();
+}
+
+/// Once the field has the focus there are suggestions again for the word at the caret.
+void AppFlowView::resumeTyping() {
+  if (qobject_cast<QPlainTextEdit*>(QApplication::focusWidget()) == nullptr) return;
+  disconnect(qApp, &QApplication::focusChanged, this, &AppFlowView::resumeTyping);
+  (step_ == AppStep::session1 ? engine1_ : engine2_).resume();
 }
 
 void AppFlowView::showStep() {
@@ -106,7 +169,8 @@ QWidget* AppFlowView::makeSession(int number) {
 
 QWidget* AppFlowView::makeResults() {
   return new ResultsView({makeSnapshot(1), makeSnapshot(2), services_.study.contactAddress,
-                          services_.savePanel, services_.files, services_.clock});
+                          services_.savePanel, services_.files, services_.clock,
+                          [this] { keeping_.forget(); }});
 }
 
 SessionSnapshot AppFlowView::makeSnapshot(int number) const {

@@ -14,6 +14,7 @@
 #include "platform/workspace.h"
 #include "session/correction_engine.h"
 #include "session/session_snapshot.h"
+#include "session/study_keeping.h"
 #include "views/app_step.h"
 #include "views/other_programs_notice.h"
 
@@ -41,6 +42,8 @@ class AppFlowView : public QWidget {
     StudyConfiguration study;
     OtherPrograms otherPrograms = OtherPrograms::leftAlone;
     QStringList warnings = {};  ///< for the study team, shown before a participant begins
+    StudyHeader header = {};    ///< what a recording says of the study; its prompts are filled in
+    std::shared_ptr<JournalFile> journal = {};  ///< null: an unsaved study is not kept
   };
 
   explicit AppFlowView(const Services& services, QWidget* parent = nullptr);
@@ -49,6 +52,9 @@ class AppFlowView : public QWidget {
   AppFlowView& operator=(const AppFlowView&) = delete;
 
   [[nodiscard]] AppStep step() const { return step_; }
+
+  /// What keeps the study while it is not saved.
+  [[nodiscard]] StudyKeeping& keeping() { return keeping_; }
 
   /// Goes to the next step; stays at the last. There is no way back.
   void advance();
@@ -65,6 +71,10 @@ class AppFlowView : public QWidget {
     return services_.study.prompts.at(static_cast<std::size_t>(number - 1));
   }
 
+  void offerToTakeUp();
+  void takeUp();
+  void resumeTyping();
+
   void pollPermission();
   void showStudyOrGate();
 
@@ -74,6 +84,8 @@ class AppFlowView : public QWidget {
   CorrectionEngine engine2_;
   Observable<std::string> typedText1_;
   Observable<std::string> typedText2_;
+  StudyKeeping keeping_;
+  QTimer keepTimer_;
   std::optional<MonitorHandle> cycleKeyMonitor_;
   bool hasAccessibilityAccess_;
   QTimer refreshTimer_;

@@ -1,5 +1,8 @@
 #include "app/composition.h"
 
+#include "platform/linux/state_journal_file.h"
+#include "version/program_version.h"
+
 namespace mirvane {
 namespace {
 
@@ -31,6 +34,18 @@ Composition::Composition(const StudyConfiguration& study, const Bundle& bundle)
 EngineServices Composition::engineServices(const UserSettings& settings) {
   return {{monitors_, workspace_, tasks_},
           {config_, settings, suggestionEngine_, accessibility_, keyEventPoster_, clock_}};
+}
+
+StudyHeader Composition::studyHeader() const {
+  return {.program = programVersion,
+          .settings = {.isAutoCorrectionEnabled = *sessionSettings_.isAutoCorrectionEnabled(),
+                       .allowList = *sessionSettings_.allowList(),
+                       .disabledAppBundleIDs = *sessionSettings_.disabledAppBundleIDs()}};
+}
+
+std::shared_ptr<JournalFile> Composition::journal(const StudyConfiguration& study) {
+  if (!study.keepsUnsavedStudy) return nullptr;
+  return std::make_shared<StateJournalFile>(StateJournalFile::standardFolder());
 }
 
 }  // namespace mirvane

@@ -5,6 +5,7 @@
 #include "model/overridden_defaults.h"
 #include "model/typing_config.h"
 #include "model/user_settings.h"
+#include "platform/journal_file.h"
 #include "platform/linux/json_user_defaults.h"
 #include "platform/linux/other_applications.h"
 #include "platform/linux/posix_file_system.h"
@@ -15,6 +16,7 @@
 #include "platform/linux/qt_task_queue.h"
 #include "platform/linux/qt_workspace.h"
 #include "platform/linux/system_clock.h"
+#include "recording/study_recording.h"
 #include "session/correction_engine.h"
 #include "suggest/suggestion_engine.h"
 
@@ -38,6 +40,11 @@ class Composition {
   [[nodiscard]] bool reachesOtherPrograms() const { return others_ != nullptr; }
   [[nodiscard]] SavePanel& savePanel() { return savePanel_; }
   [[nodiscard]] FileSystem& files() { return files_; }
+
+  /// What a recording says of this program and the settings of the sessions.
+  [[nodiscard]] StudyHeader studyHeader() const;
+  /// Where an unsaved study is kept; null when the study does not want that.
+  [[nodiscard]] static std::shared_ptr<JournalFile> journal(const StudyConfiguration& study);
 
   /// What the engines of the two sessions need.
   [[nodiscard]] EngineServices sessionServices() { return engineServices(sessionSettings_); }

@@ -106,7 +106,7 @@ int runStudy(const mirvane::LoadedStudy& study, const mirvane::Bundle& bundle) {
        composition.savePanel(), composition.files(), study.configuration,
        composition.reachesOtherPrograms() ? mirvane::OtherPrograms::watched
                                           : mirvane::OtherPrograms::leftAlone,
-       study.warnings});
+       study.warnings, composition.studyHeader(), composition.journal(study.configuration)});
   window.resize(window.minimumSize());
   return show(window);
 }

@@ -92,6 +92,7 @@ void ResultsView::save() {
     showSaveError(QString::fromLocal8Bit(failure.message().c_str()));
   } else {
     showSaved();
+    if (inputs_.onSaved) inputs_.onSaved();
   }
 }
 

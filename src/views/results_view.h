@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 #include "platform/clock.h"
 #include "platform/file_system.h"
@@ -23,6 +24,7 @@ class ResultsView : public QWidget {
     SavePanel& savePanel;
     FileSystem& files;
     const Clock& clock;
+    std::function<void()> onSaved = {};  ///< may be empty
   };
 
   explicit ResultsView(Inputs inputs, QWidget* parent = nullptr);

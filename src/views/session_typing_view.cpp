@@ -202,7 +202,9 @@ void SessionTypingView::reset() {
 
 void SessionTypingView::showTypedText() {
   const auto text = QString::fromStdString(*inputs_.typedText);
-  if (field_->toPlainText() != text) field_->setPlainText(text);
+  if (field_->toPlainText() == text) return;
+  field_->setPlainText(text);
+  field_->moveCursor(QTextCursor::End);
 }
 
 }  // namespace mirvane

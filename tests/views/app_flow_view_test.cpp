@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "platform/simulated/in_memory_journal_file.h"
 #include "tests/views/study_world.h"
 #include "views/results_view.h"
 
@@ -119,6 +121,77 @@ TEST_F(Flow, KeepsStepTextAndEngineBehindTheGate) {
   EXPECT_EQ(flow->step(), AppStep::session2);
   EXPECT_EQ(field.toPlainText(), "kept");
   EXPECT_GT(world.desktop.monitors().count(), 0U);
+}
+
+/// A flow whose unsaved study is kept, and an earlier run of it that ended in session 2.
+class UnsavedFlow : public Flow {
+ protected:
+  void SetUp() override {
+    start();
+    EXPECT_EQ(offer(), nullptr);
+    advanceTo(AppStep::session1);
+    part<QPlainTextEdit>(*flow, "typingField").setPlainText(QStringLiteral("first text"));
+    advanceTo(AppStep::session2);
+    part<QPlainTextEdit>(*flow, "typingField").setPlainText(QStringLiteral("second"));
+    ASSERT_TRUE(flow->keeping().flush(std::chrono::seconds(10)));
+    flow.reset();
+    ASSERT_TRUE(disk.file);
+    start();
+  }
+
+  void start() {
+    flow = world.openFlow(std::make_shared<simulated::InMemoryJournalFile>(disk));
+    flow->activateWindow();
+    QCoreApplication::processEvents();
+  }
+
+  [[nodiscard]] QWidget* offer() const {
+    return flow->findChild<QWidget*>(QStringLiteral("takeUpOffer"));
+  }
+
+  void choose(const QString& text) {
+    endPressGuards(*offer());
+    for (auto* const button : offer()->findChildren<QAbstractButton*>()) {
+      if (button->text() == text || button->accessibleName() == text) button->click();
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
+  simulated::JournalDisk disk;
+};
+
+TEST_F(UnsavedFlow, OffersToContinueAndGoesOnAtTheStep) {
+  ASSERT_NE(offer(), nullptr);
+  EXPECT_TRUE(shownTexts(*offer()).join(u' ').contains(QStringLiteral("“Session 2” on Jan 1")));
+  choose(QStringLiteral("Continue where you stopped"));
+  EXPECT_EQ(flow->step(), AppStep::session2);
+  auto& field = part<QPlainTextEdit>(*flow, "typingField");
+  EXPECT_EQ(field.toPlainText(), "second");
+  EXPECT_EQ(field.textCursor().position(), 6);
+  advanceTo(AppStep::results);
+  EXPECT_TRUE(disk.file);
+  QTemporaryDir folder;
+  world.savePanel.answer(folder.filePath(QStringLiteral("result.txt")).toStdString());
+  endPressGuards(*flow);
+  part<QPushButton>(*flow, "saveButton").click();
+  QFile file(folder.filePath(QStringLiteral("result.txt")));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QString report = QString::fromUtf8(file.readAll());
+  EXPECT_TRUE(report.contains("Corrected: first text\n"));
+  EXPECT_TRUE(report.contains("Corrected: second\n"));
+  EXPECT_FALSE(disk.file);
+}
+
+TEST_F(UnsavedFlow, StartsAfreshWhenThatIsChosen) {
+  choose(QStringLiteral("Start afresh and delete what was typed"));
+  EXPECT_EQ(flow->step(), AppStep::intro);
+  EXPECT_FALSE(disk.file);
+}
+
+TEST_F(UnsavedFlow, ContinuesWhenTheOfferIsClosed) {
+  offer()->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(flow->step(), AppStep::session2);
 }
 
 }  // namespace

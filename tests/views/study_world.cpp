@@ -7,10 +7,21 @@
 
 namespace mirvane {
 
-std::unique_ptr<AppFlowView> StudyWorld::openFlow() {
-  auto flow = std::make_unique<AppFlowView>(AppFlowView::Services{
-      services(), services(practiceSettings), desktop.accessibility(), desktop.workspace(),
-      desktop.monitors(), desktop.tasks(), desktop.clock(), savePanel, files, study});
+std::unique_ptr<AppFlowView> StudyWorld::openFlow(std::shared_ptr<JournalFile> journal) {
+  auto flow = std::make_unique<AppFlowView>(AppFlowView::Services{services(),
+                                                                  services(practiceSettings),
+                                                                  desktop.accessibility(),
+                                                                  desktop.workspace(),
+                                                                  desktop.monitors(),
+                                                                  desktop.tasks(),
+                                                                  desktop.clock(),
+                                                                  savePanel,
+                                                                  files,
+                                                                  study,
+                                                                  OtherPrograms::leftAlone,
+                                                                  {},
+                                                                  {},
+                                                                  std::move(journal)});
   flow->show();
   return flow;
 }

@@ -48,7 +48,7 @@ struct StudyWorld {
   }
 
   /// The whole study, shown from its first step on.
-  [[nodiscard]] std::unique_ptr<AppFlowView> openFlow();
+  [[nodiscard]] std::unique_ptr<AppFlowView> openFlow(std::shared_ptr<JournalFile> journal = {});
 
   /// The right Alt key, down and up.
   void strikeCycleKey() {
