@@ -20,6 +20,7 @@ def arguments():
                     "wrote.")
     parser.add_argument("folder", help="where the tables are")
     parser.add_argument("--output", help="where the page goes; the same folder by default")
+    parser.add_argument("--title", default="Typing study", help="heading of the page")
     return parser.parse_args()
 
 
@@ -33,7 +34,7 @@ def main():
     from study_page import write_page  # only now: it needs the packages
     from tables import TableError
     try:
-        print(write_page(options.folder, options.output or options.folder))
+        print(write_page(options.folder, options.output or options.folder, options.title))
     except (TableError, OSError) as error:
         print(f"plot-study: {error}", file=sys.stderr)
         sys.exit(2)

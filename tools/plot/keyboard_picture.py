@@ -4,15 +4,15 @@ from dataclasses import dataclass
 
 import pandas as pd
 from matplotlib import colors
-from matplotlib.patches import FancyBboxPatch
+from matplotlib.patches import Rectangle
 
 from pictures import DARK, SESSIONS, counted, participants, plt, save
 
 # The key at the left end of each row, in key widths, then its keys from left to right.
 ROWS = ((0.0, "qwertyuiop"), (0.25, "asdfghjkl;'"), (0.75, "zxcvbnm,./"))
 SPACE_LEFT, SPACE_WIDTH = 2.75, 5.0
-SHADES = colors.LinearSegmentedColormap.from_list("shades", ("#ffffff", "#4a4a4a"))
-DARK_SHADE = 0.7  # from here on white ink stands out better
+SHADES = colors.LinearSegmentedColormap.from_list("shades", ("#ffffff", "#8f8f8f"))
+INK = "#111111"  # stands out from every shade
 LEAST_PRESSES = 5  # of fewer, a key is drawn without a shade
 
 
@@ -109,19 +109,16 @@ def _draw_key(panel, left, bottom, width, key, values, scale, decimals):
     value, presses = values.loc[key] if key in values.index else (None, 0)
     is_shaded = presses >= LEAST_PRESSES
     shade = SHADES(scale(value)) if is_shaded else "white"
-    panel.add_patch(FancyBboxPatch((left + 0.08, bottom + 0.08), width - 0.16, 0.84,
-                                   boxstyle="round,pad=0,rounding_size=0.1", facecolor=shade,
-                                   edgecolor=DARK, linewidth=0.8,
-                                   linestyle="-" if is_shaded else ":"))
-    ink = "white" if is_shaded and scale(value) > DARK_SHADE else DARK
+    panel.add_patch(Rectangle((left + 0.08, bottom + 0.08), width - 0.16, 0.84, facecolor=shade,
+                              edgecolor=DARK, linewidth=0.8, linestyle="-" if is_shaded else ":"))
     middle = left + width / 2
     panel.text(middle, bottom + 0.76, "Space" if key == " " else key.upper(), ha="center",
-               va="center", color=ink, fontsize=8, fontweight="bold")
+               va="center", color=INK, fontsize=8, fontweight="bold")
     if is_shaded:
         panel.text(middle, bottom + 0.46, f"{value:.{decimals}f}", ha="center", va="center",
-                   color=ink, fontsize=7.5)
+                   color=INK, fontsize=7.5)
     panel.text(middle, bottom + 0.22, f"n={int(presses)}" if presses else "none", ha="center",
-               va="center", color=ink, fontsize=5.5)
+               va="center", color=INK, fontsize=6)
 
 
 def alt(picture, by_session):

@@ -19,7 +19,7 @@ CAVEAT = (
     "conditions in balanced order to comparable participants could say that.")
 
 
-def write_page(folder, output):
+def write_page(folder, output, title="Typing study"):
     """Answers the path of the page; raises TableError or OSError."""
     study = read_study(folder)
     os.makedirs(output, exist_ok=True)
@@ -27,7 +27,7 @@ def write_page(folder, output):
                 _confidence(study, output), _keyboard(study, output), _methods()]
     path = os.path.join(output, "study.html")
     with open(path + ".part", "w", encoding="utf-8") as file:
-        file.write(page("Typing study", sections))
+        file.write(page(title, sections))
     os.replace(path + ".part", path)
     return path
 
@@ -240,7 +240,7 @@ def _methods():
         "Only participants with a value in both sessions enter a comparison, measure by measure.",
         "Intervals: percentile bootstrap of the median (of the share for confidence, where whole "
         f"participants are drawn), {RESAMPLES:,} resamples, seed {SEED}: the same tables give the "
-        "same figures.",
+        "same figures. Below some 20 participants such intervals tend to be too narrow.",
         "Wilcoxon signed-rank test, two-sided; differences of zero are left out, n is what "
         "remains; p is exact, with mean ranks for ties (normal approximation above 200).",
         f"Below {LEAST_PAIRS} pairs there is neither interval nor p: with five, the least p that "
