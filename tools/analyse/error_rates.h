@@ -23,7 +23,8 @@ struct ErrorRates {
 [[nodiscard]] ErrorRates errorRates(const Symbols& presented, const Symbols& transcribed,
                                     std::size_t incorrectFixed);
 
-/// (|T| - 1) / S * 60 / 5 (MacKenzie 2002). Absent below two characters or without time.
+/// (|T| - 1) / S * 60 / 5 (MacKenzie 2002a in docs/formats/tables.md). Absent below two characters
+/// or without time.
 [[nodiscard]] std::optional<double> wordsPerMinute(std::size_t transcribedCharacters,
                                                    double seconds);
 

@@ -48,7 +48,8 @@ std::vector<Path> filesBelow(const Path& folder) {
   std::vector<Path> files;
   for (const auto& entry :
        Walk(folder, std::filesystem::directory_options::skip_permission_denied)) {
-    if (!entry.is_directory()) files.push_back(entry.path());
+    // Opening a pipe or a device would wait for ever.
+    if (!entry.is_directory() && !entry.is_other()) files.push_back(entry.path());
   }
   return files;
 }
