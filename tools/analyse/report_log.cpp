@@ -80,7 +80,9 @@ LoggedCorrection parseEntry(TextCursor entry, std::size_t number, std::string_vi
   constexpr std::string_view tailStart = "\"  wordIndex=";
   entry.expect(entryStart(number));
   LoggedCorrection correction{.kind = std::string(entry.until("]  \""))};
-  if (!isKind(correction.kind)) entry.fail("unknown kind \"" + correction.kind + '"');
+  if (!isKind(correction.kind)) {
+    entry.fail("unknown kind \"" + correction.kind.substr(0, correction.kind.find('\n')) + '"');
+  }
   const auto tail = entry.rest().rfind(tailStart);
   if (tail == std::string_view::npos) entry.fail("expected \"wordIndex=\"");
   readWords(correction, entry.take(tail), raw, entry);

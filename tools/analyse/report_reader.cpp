@@ -7,6 +7,7 @@
 #include "analyse/mailed_text.h"
 #include "analyse/report_log.h"
 #include "analyse/text_cursor.h"
+#include "model/correction_event.h"
 #include "text/characters.h"
 #include "text/word_boundaries.h"
 
@@ -20,6 +21,32 @@ struct Counts {
   std::int64_t keystrokes = 0;
   std::optional<double> kspc = {};
 };
+
+/// What is counted of the log before it.
+struct LogCounts {
+  std::int64_t automatic = 0;
+  std::int64_t byHand = 0;  // chips in session 1, cycle steps in session 2
+  std::int64_t nearby = 0;
+  std::int64_t repeat = 0;
+  std::int64_t correct = 0;
+  std::int64_t incorrect = 0;
+
+  bool operator==(const LogCounts&) const = default;
+};
+
+LogCounts countsOf(const std::vector<LoggedCorrection>& log, std::int64_t session) {
+  LogCounts counts;
+  const std::string byHand = session == 2 ? correction_type::cycle : correction_type::manual;
+  for (const auto& entry : log) {
+    counts.automatic += entry.kind.starts_with("auto-") ? 1 : 0;
+    counts.byHand += entry.kind == byHand ? 1 : 0;
+    counts.nearby += entry.kind == correction_type::autoNearby ? 1 : 0;
+    counts.repeat += entry.kind == correction_type::autoRepeat ? 1 : 0;
+    counts.correct += entry.verdict->isRight == true ? 1 : 0;
+    counts.incorrect += entry.verdict->isRight == false ? 1 : 0;
+  }
+  return counts;
+}
 
 bool isEmptyMark(std::string_view text, bool isEmpty) {
   return text == "(empty)" && isEmpty;
@@ -81,7 +108,7 @@ void readKeys(TypedSession& session) {
   }
   std::size_t latest = 0;
   for (auto& correction : session.corrections) {
-    const bool isPicked = correction.kind == "manual";
+    const bool isPicked = correction.kind == correction_type::manual;
     const auto& places = isPicked ? keysBeforeBoundary : keysAfterBoundary;
     const auto index = static_cast<std::size_t>(correction.wordIndex.value_or(0));
     const bool isAtEnd = correction.wordIndex && index >= places.size();
@@ -119,8 +146,16 @@ class ReportParser {
     text_.expect("\n\n[ Text Comparison ]\nPrompt:    ");
     session.prompt = text_.until("\nRaw Typed: ");
     parseTextsAndEfficiency(session);
-    const auto entries = parseMetrics(session);
+    const auto counts = parseLogCounts(number);
+    session.reported->correctFixes = counts.correct;
+    session.reported->incorrectFixes = counts.incorrect;
+    text_.expect("\n\n[ Correction Log — ");
+    const auto entries = static_cast<std::size_t>(text_.wholeNumber());
+    text_.expect(" events ]\n");
     session.corrections = parseReportLog(text_, entries, session.raw, next);
+    if (countsOf(session.corrections, number) != counts) {
+      text_.fail("the log above has other corrections than are counted before it");
+    }
     readKeys(session);
     return session;
   }
@@ -142,26 +177,23 @@ class ReportParser {
     session.finalText = finalTextOf(typed.substr(at + label.size()), counts);
   }
 
-  /// Answers how many entries the log has.
-  std::size_t parseMetrics(TypedSession& session) {
+  LogCounts parseLogCounts(std::int64_t number) {
+    LogCounts counts;
     text_.expect("\n\n[ Correction Metrics ]\nAuto-corrections: ");
-    text_.wholeNumber();
-    text_.expect(session.number == 2 ? "\nCycle Key used:   " : "\nManual (chip):    ");
-    text_.wholeNumber();
+    counts.automatic = text_.wholeNumber();
+    text_.expect(number == 2 ? "\nCycle Key used:   " : "\nManual (chip):    ");
+    counts.byHand = text_.wholeNumber();
     text_.expect("\nCorrection Rate:  ");
     text_.decimal();
     text_.expect("%\nNearby Key fixed: ");
-    text_.wholeNumber();
+    counts.nearby = text_.wholeNumber();
     text_.expect("\nRepeat Key fixed: ");
-    text_.wholeNumber();
+    counts.repeat = text_.wholeNumber();
     text_.expect("\nCorrect fixes:    ");
-    session.reported->correctFixes = text_.wholeNumber();
+    counts.correct = text_.wholeNumber();
     text_.expect("\nIncorrect fixes:  ");
-    session.reported->incorrectFixes = text_.wholeNumber();
-    text_.expect("\n\n[ Correction Log — ");
-    const auto entries = text_.wholeNumber();
-    text_.expect(" events ]\n");
-    return static_cast<std::size_t>(entries);
+    counts.incorrect = text_.wholeNumber();
+    return counts;
   }
 
   TextCursor text_;

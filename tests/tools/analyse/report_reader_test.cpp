@@ -19,16 +19,33 @@ using testing::HasSubstr;
 
 constexpr auto instant = SessionSnapshot{}.sessionStart;
 
+/// Counts the log as an engine does.
+void count(SessionSnapshot& session) {
+  for (const auto& event : session.correctionLog) {
+    if (event.type == correction_type::manual) {
+      ++session.manualCorrectionCount;
+    } else if (event.type == correction_type::cycle) {
+      ++session.cycleKeyCount;
+    } else {
+      ++session.autoCorrectionCount;
+    }
+    if (event.type == correction_type::autoNearby) ++session.nearbyKeyCount;
+    if (event.type == correction_type::autoRepeat) ++session.repeatKeyCount;
+  }
+}
+
 SessionSnapshot snapshot(std::int64_t number, const std::string& raw, const std::string& finalText,
                          std::vector<CorrectionEvent> log = {}) {
-  return {.sessionNumber = number,
-          .prompt = "The quick brown fox",
-          .rawTyped = raw,
-          .finalText = finalText,
-          .elapsed = 127.9,
-          .keystrokeCount = static_cast<std::int64_t>(text::characterCount(raw)),
-          .wordsCompleted = 3,
-          .correctionLog = std::move(log)};
+  SessionSnapshot session{.sessionNumber = number,
+                          .prompt = "The quick brown fox",
+                          .rawTyped = raw,
+                          .finalText = finalText,
+                          .elapsed = 127.9,
+                          .keystrokeCount = static_cast<std::int64_t>(text::characterCount(raw)),
+                          .wordsCompleted = 3,
+                          .correctionLog = std::move(log)};
+  count(session);
+  return session;
 }
 
 SessionSnapshot typed() {
@@ -106,6 +123,7 @@ TEST(ReportReader, ReadsRandomTexts) {
                                          kinds[random() % std::size(kinds)], 0.5,
                                          static_cast<std::int64_t>(random() % 5)});
       }
+      count(session);
     }
     expectRoundTrip(sessions[0], sessions[1]);
   }
@@ -163,6 +181,8 @@ TEST(ReportReader, NamesTheLineOfADamage) {
       {replaced(report, "Elapsed:          2:07", "Elapsed:          soon"),
        "p.txt:7: expected a whole number"},
       {replaced(report, "2 events", "3 events"), "p.txt:31: the log's entry 2 is not whole"},
+      {replaced(report, "Nearby Key fixed: 1", "Nearby Key fixed: 11"),
+       "p.txt:33: the log above has other corrections"},
       {replaced(report, "[auto-nearby]", "[magic]"), "p.txt:30: unknown kind \"magic\""},
       {replaced(report, "correct=yes", "correct=perhaps"), "p.txt:30: expected \"yes\""},
       {"Hello,\n\n" + replaced(report, "KSPC:             0.", "KSPC:             x"),
@@ -180,8 +200,7 @@ TEST(ReportReader, NamesTheLineOfADamage) {
 
 /// However a report breaks off, it is read or refused, never half read.
 TEST(ReportReader, RefusesEveryBeginningOfAReport) {
-  auto second = typed();
-  second.sessionNumber = 2;
+  const auto second = snapshot(2, "Teh", "The", {{instant, "Teh", "The", "auto-nearby", 0.85, 0}});
   const auto report = resultsReportText(typed(), second, instant);
   expectSame(second, parseReport(report, "test").sessions[1]);
   for (std::size_t length = 0; length < report.size(); ++length) {
