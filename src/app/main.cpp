@@ -12,6 +12,7 @@
 #include "app/composition.h"
 #include "app/study_configuration.h"
 #include "platform/linux/resource_bundle.h"
+#include "views/accessible_parts.h"
 #include "views/mirvane_logo.h"
 #include "views/study_problem_view.h"
 #include "views/theme.h"
@@ -129,6 +130,7 @@ int main(int argc, char** argv) {
   QApplication application(count, pointers.data());
   keptOffGlib.reset();
   setIdentity();
+  mirvane::installAccessibleParts();
   QApplication::setStyle(QStringLiteral("Fusion"));
   setFont();
   // A steady caret is easier to find, and an idle study sleeps.

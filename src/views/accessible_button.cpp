@@ -13,7 +13,7 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 }  // namespace
 
 AccessibleButton::AccessibleButton(RoundedButton& button)
-    : QAccessibleWidget(&button, QAccessible::Button) {}
+    : AccessiblePart(button, QAccessible::Button) {}
 
 void AccessibleButton::install() {
   QAccessible::installFactory(makeInterface);
@@ -24,25 +24,25 @@ RoundedButton& AccessibleButton::button() const {
 }
 
 QString AccessibleButton::text(QAccessible::Text kind) const {
-  const QString text = QAccessibleWidget::text(kind);
+  const QString text = AccessiblePart::text(kind);
   return kind == QAccessible::Name && text.isEmpty() ? button().text() : text;
 }
 
 QAccessible::State AccessibleButton::state() const {
-  QAccessible::State state = QAccessibleWidget::state();
+  QAccessible::State state = AccessiblePart::state();
   state.disabled = state.disabled || !button().isReady();
   state.pressed = button().isDown();
   return state;
 }
 
 QStringList AccessibleButton::actionNames() const {
-  QStringList names = QAccessibleWidget::actionNames();
+  QStringList names = AccessiblePart::actionNames();
   if (!state().disabled) names.prepend(pressAction());
   return names;
 }
 
 void AccessibleButton::doAction(const QString& actionName) {
-  if (actionName != pressAction()) return QAccessibleWidget::doAction(actionName);
+  if (actionName != pressAction()) return AccessiblePart::doAction(actionName);
   if (!state().disabled) button().animateClick();
 }
 

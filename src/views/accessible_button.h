@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QAccessibleWidget>
+#include "views/accessible_parts.h"
 
 namespace mirvane {
 
@@ -8,7 +8,7 @@ class RoundedButton;
 
 /// A button as assistive technology sees it: one that is not ready is told to be disabled, though
 /// it keeps the focus, and takes no press.
-class AccessibleButton : public QAccessibleWidget {
+class AccessibleButton : public AccessiblePart {
  public:
   explicit AccessibleButton(RoundedButton& button);
 

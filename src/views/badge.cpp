@@ -3,6 +3,7 @@
 #include <QLinearGradient>
 #include <QPainter>
 
+#include "views/accessible_parts.h"
 #include "views/symbol.h"
 #include "views/theme.h"
 
@@ -11,6 +12,7 @@ namespace mirvane {
 Badge::Badge(const Content& content, QWidget* parent) : QWidget(parent), content_(content) {
   setFixedSize(content.side, content.side);
   setAccessibleName(content.text);
+  hideFromAssistiveTechnology(*this);
 }
 
 void Badge::paintEvent(QPaintEvent* /*event*/) {

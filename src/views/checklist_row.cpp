@@ -1,5 +1,6 @@
 #include "views/checklist_row.h"
 
+#include "views/accessible_parts.h"
 #include "views/layouts.h"
 #include "views/symbol.h"
 #include "views/text_label.h"
@@ -15,6 +16,7 @@ ChecklistRow::ChecklistRow(const QString& text, QWidget* parent)
   auto* const row = makeRow(8, this);
   row->addWidget(symbol_, 0, Qt::AlignVCenter);
   row->addWidget(label_, 1);
+  setAccessibleRole(*this, QAccessible::ListItem);
   setAccessibleName(tr("%1, open").arg(text));
 }
 
@@ -24,6 +26,7 @@ void ChecklistRow::setDone() {
   symbol_->setSymbol(QStringLiteral("checkmark.circle.fill"), theme::Tone::success);
   label_->setTone(theme::Tone::primary);
   setAccessibleName(tr("%1, done").arg(text_));
+  Q_EMIT becameDone(accessibleName());
 }
 
 }  // namespace mirvane

@@ -17,6 +17,10 @@ class ChecklistRow : public QWidget {
   void setDone();
   [[nodiscard]] bool isDone() const { return isDone_; }
 
+ Q_SIGNALS:
+  /// Once, with what the row says now.
+  void becameDone(const QString& statement);
+
  private:
   QString text_;
   Symbol* symbol_;

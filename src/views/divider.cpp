@@ -2,11 +2,13 @@
 
 #include <QPainter>
 
+#include "views/accessible_parts.h"
 #include "views/theme.h"
 
 namespace mirvane {
 
 Divider::Divider(Qt::Orientation orientation, QWidget* parent) : QWidget(parent) {
+  hideFromAssistiveTechnology(*this);
   if (orientation == Qt::Horizontal) {
     setFixedHeight(1);
   } else {

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QPainter>
 
+#include "views/accessible_parts.h"
 #include "views/layouts.h"
 #include "views/theme.h"
 
@@ -16,6 +17,8 @@ FieldFrame::FieldFrame(QWidget* field, const QColor& accent, QWidget* parent)
   column->addWidget(field);
   field->installEventFilter(this);
   setFocusProxy(field);
+  setAccessibleRole(*this, QAccessible::Grouping);
+  setAccessibleName(tr("Typing"));
   makeTextsReadable();
 }
 

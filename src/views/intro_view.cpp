@@ -1,8 +1,11 @@
 #include "views/intro_view.h"
 
+#include <QShowEvent>
 #include <array>
 #include <utility>
 
+#include "views/accessible_parts.h"
+#include "views/announcer.h"
 #include "views/information_strip.h"
 #include "views/layouts.h"
 #include "views/mirvane_info_card.h"
@@ -17,10 +20,20 @@
 #include "views/theme.h"
 
 namespace mirvane {
+namespace {
+
+QWidget* makeList(const QString& name, QWidget* parent) {
+  auto* const list = new QWidget(parent);
+  setAccessibleRole(*list, QAccessible::List);
+  list->setAccessibleName(name);
+  return list;
+}
+
+}  // namespace
 
 IntroView::IntroView(std::function<void()> onNext, const QColor& deep, const QColor& sky,
                      const QStringList& warnings, QWidget* parent)
-    : QWidget(parent) {
+    : QWidget(parent), announcer_(new Announcer(this, Announcer::afterTheFocus)) {
   auto* const scroll = new ScrollColumn(14, this);
   auto& column = scroll->column();
   column.addWidget(makeWelcome(deep));
@@ -44,6 +57,11 @@ IntroView::IntroView(std::function<void()> onNext, const QColor& deep, const QCo
   setFocusProxy(start);
 }
 
+void IntroView::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!event->spontaneous()) announcer_->announcements().say(rules_.trimmed());
+}
+
 QWidget* IntroView::makeWelcome(const QColor& deep) {
   auto* const welcome = new QWidget(this);
   auto* const texts = makeColumn(2);
@@ -51,8 +69,10 @@ QWidget* IntroView::makeWelcome(const QColor& deep) {
       new TextLabel(tr("Mirvane Beta"), 12, QFont::DemiBold, theme::Tone::secondary, welcome);
   beta->setAccent(deep);
   texts->addWidget(beta);
-  texts->addWidget(new TextLabel(tr("Thanks for helping us test Mirvane"), 22, QFont::Bold,
-                                 theme::Tone::primary, welcome));
+  auto* const title = new TextLabel(tr("Thanks for helping us test Mirvane"), 22, QFont::Bold,
+                                    theme::Tone::primary, welcome);
+  title->setHeading();
+  texts->addWidget(title);
   auto* const row = makeRow(14, welcome);
   row->addWidget(new MirvaneLogo(48, 12, theme::deep(), theme::sky(), welcome));
   row->addLayout(texts, 1);
@@ -79,9 +99,14 @@ QWidget* IntroView::makeRules() {
   auto* const card = new MirvaneInfoCard(theme::orange(), this);
   card->content().addWidget(new SectionHeading(
       tr("Important rules"), QStringLiteral("exclamationmark.triangle.fill"), {}, card));
+  auto* const list = makeList(tr("Important rules"), card);
+  auto* const rows = makeColumn(10, list);
+  rules_ = tr("Important rules") + QStringLiteral(": ");
   for (const auto& [icon, text] : rules) {
-    card->content().addWidget(new MirvaneRuleRow(QString::fromLatin1(icon), text, card));
+    rows->addWidget(new MirvaneRuleRow(QString::fromLatin1(icon), text, list));
+    rules_ += text + u' ';
   }
+  card->content().addWidget(list);
   return card;
 }
 
@@ -97,17 +122,18 @@ QWidget* IntroView::makeSessionFlow(const QColor& sky) {
   }};
   auto* const card = new MirvaneInfoCard(sky, this);
   card->content().addWidget(new SectionHeading(tr("Session flow"), {}, {}, card));
-  auto* const tiles = makeRow(8);
+  auto* const list = makeList(tr("Session flow"), card);
+  auto* const tiles = makeRow(8, list);
   for (const auto& step : steps) {
     if (tiles->count() > 0) {
-      tiles->addWidget(new Symbol(QStringLiteral("arrow.right"), 12, theme::Tone::tertiary, card),
+      tiles->addWidget(new Symbol(QStringLiteral("arrow.right"), 12, theme::Tone::tertiary, list),
                        0, Qt::AlignVCenter);
     }
-    auto* const tile = new StepTile(step.badge, step.name, step.description, card);
+    auto* const tile = new StepTile(step.badge, step.name, step.description, list);
     tile->setObjectName(QStringLiteral("stepTile"));
     tiles->addWidget(tile, 1);
   }
-  card->content().addLayout(tiles);
+  card->content().addWidget(list);
   return card;
 }
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <array>
 
+#include "views/accessible_parts.h"
 #include "views/theme.h"
 
 namespace mirvane {
@@ -49,6 +50,7 @@ MirvaneLogo::MirvaneLogo(int size, double cornerRadius, const QColor& deep, cons
                          QWidget* parent)
     : QWidget(parent), cornerRadius_(cornerRadius), deep_(deep), sky_(sky) {
   setFixedSize(size, size);
+  hideFromAssistiveTechnology(*this);
 }
 
 void MirvaneLogo::paintEvent(QPaintEvent* /*event*/) {

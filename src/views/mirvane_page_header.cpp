@@ -13,6 +13,7 @@ MirvanePageHeader::MirvanePageHeader(const QString& title, const std::optional<Q
     : Bar(parent) {
   auto* const texts = makeColumn(2);
   auto* const titleLabel = new TextLabel(title, 15, QFont::DemiBold, theme::Tone::primary, this);
+  titleLabel->setHeading();
   titleLabel->setObjectName(QStringLiteral("pageTitle"));
   texts->addWidget(titleLabel);
   if (subtitle) {

@@ -1,5 +1,6 @@
 #include "views/mirvane_rule_row.h"
 
+#include "views/accessible_parts.h"
 #include "views/layouts.h"
 #include "views/symbol.h"
 #include "views/text_label.h"
@@ -9,6 +10,8 @@ namespace mirvane {
 
 MirvaneRuleRow::MirvaneRuleRow(const QString& icon, const QString& text, QWidget* parent)
     : QWidget(parent) {
+  setAccessibleRole(*this, QAccessible::ListItem);
+  setAccessibleName(text);
   auto* const symbol = new Symbol(icon, 12, theme::Tone::warning, this);
   symbol->setObjectName(icon);
   symbol->setFixedWidth(18);

@@ -1,5 +1,6 @@
 #include "views/mirvane_step_sidebar.h"
 
+#include "views/accessible_parts.h"
 #include "views/divider.h"
 #include "views/layouts.h"
 #include "views/mirvane_lockup.h"
@@ -37,14 +38,17 @@ MirvaneStepSidebar::MirvaneStepSidebar(AppStep currentStep, const QColor& deep, 
   column->addLayout(lockup);
   column->addWidget(new Divider(Qt::Horizontal, this));
 
-  auto* const rows = makeColumn(2);
+  auto* const steps = new QWidget(this);
+  setAccessibleRole(*steps, QAccessible::List);
+  steps->setAccessibleName(tr("Steps of the study"));
+  auto* const rows = makeColumn(2, steps);
   rows->setContentsMargins(10, 10, 10, 0);
   for (std::size_t i = 0; i < appSteps.size(); ++i) {
     const auto& texts = stepTexts.at(i);
-    rows_.at(i) = new StepRow(tr(texts.title), QString::fromLatin1(texts.symbol), deep, this);
+    rows_.at(i) = new StepRow(tr(texts.title), QString::fromLatin1(texts.symbol), deep, steps);
     rows->addWidget(rows_.at(i));
   }
-  column->addLayout(rows);
+  column->addWidget(steps);
   column->addStretch(1);
   column->addWidget(makeTip());
   setCurrentStep(currentStep);

@@ -5,6 +5,8 @@
 
 #include "capture/cycle_key_monitor.h"
 #include "platform/key_codes.h"
+#include "views/accessible_parts.h"
+#include "views/announcer.h"
 #include "views/bar.h"
 #include "views/checklist_row.h"
 #include "views/divider.h"
@@ -25,6 +27,8 @@ PracticeView::PracticeView(const Inputs& inputs, QWidget* parent)
     : QWidget(parent),
       inputs_(inputs),
       practiceEngine_(inputs.services),
+      announcer_(new Announcer(this)),
+      engineAnnouncements_(practiceEngine_, announcer_->announcements(), announcer_->pauseOfKeys()),
       field_(new QLineEdit(this)) {
   auto* const suggestions =
       new SuggestionBar(practiceEngine_, inputs_.sky, SuggestionBar::Placement::inColumn, this);
@@ -63,10 +67,17 @@ QWidget* PracticeView::makeField() {
 QWidget* PracticeView::makeChecklist() {
   auto* const card = new MirvaneInfoCard(inputs_.sky, this);
   card->content().addWidget(new SectionHeading(tr("Checklist"), {}, {}, card));
-  const auto add = [card](const QString& text, const char* name) {
-    auto* const row = new ChecklistRow(text, card);
+  auto* const list = new QWidget(card);
+  setAccessibleRole(*list, QAccessible::List);
+  list->setAccessibleName(tr("Checklist"));
+  auto* const rows = makeColumn(10, list);
+  card->content().addWidget(list);
+  const auto add = [this, list, rows](const QString& text, const char* name) {
+    auto* const row = new ChecklistRow(text, list);
+    connect(row, &ChecklistRow::becameDone, this,
+            [this](const QString& statement) { announcer_->announcements().say(statement); });
     row->setObjectName(QLatin1String(name));
-    card->content().addWidget(row);
+    rows->addWidget(row);
     return row;
   };
   typeWord_ = add(tr("Type one word"), "didTypeWord");

@@ -9,7 +9,11 @@
 #include "platform/task_queue.h"
 #include "session/correction_engine.h"
 
+#include "views/announcements.h"
+
 namespace mirvane {
+
+class Announcer;
 
 class ChecklistRow;
 class MirvanePrimaryButton;
@@ -51,6 +55,8 @@ class PracticeView : public QWidget {
 
   Inputs inputs_;
   CorrectionEngine practiceEngine_;
+  Announcer* announcer_;
+  EngineAnnouncements engineAnnouncements_;
   std::optional<MonitorHandle> keyMonitor_;
   QLineEdit* field_;
   ChecklistRow* typeWord_ = nullptr;

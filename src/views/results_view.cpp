@@ -5,6 +5,7 @@
 #include "files/whole_file.h"
 #include "session/results_report.h"
 #include "text/date_format.h"
+#include "views/announcer.h"
 #include "views/badge.h"
 #include "views/bar.h"
 #include "views/divider.h"
@@ -23,6 +24,12 @@ namespace {
 std::string suggestedFileName(Clock::DateTime now) {
   QString time = QString::fromStdString(text::iso8601(now));
   return QStringLiteral("MirvaneTest_%1.txt").arg(time.replace(u':', u'-')).toStdString();
+}
+
+/// What is left to do, as the screen shows it and says it.
+QString sendingInstruction(const QString& contactAddress) {
+  return QObject::tr("Save the result file using the button below, then email the file to %1.")
+      .arg(contactAddress);
 }
 
 }  // namespace
@@ -49,6 +56,10 @@ ResultsView::ResultsView(Inputs inputs, QWidget* parent)
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(buttonBar);
   setFocusProxy(saveButton_);
+
+  auto* const announcer = new Announcer(this, Announcer::afterTheFocus);
+  announcer->announcements().say(tr("Test Complete"));
+  announcer->announcements().say(sendingInstruction(inputs_.contactAddress));
 }
 
 QWidget* ResultsView::makeCompletionCard() {
@@ -67,15 +78,14 @@ QWidget* ResultsView::makeCompletionCard() {
     auto* const label = new TextLabel(text, size, weight, tone, card);
     label->setAlignment(Qt::AlignHCenter);
     column->addWidget(label);
+    return label;
   };
-  add(tr("Test Complete"), 20, QFont::Bold, theme::Tone::primary);
+  add(tr("Test Complete"), 20, QFont::Bold, theme::Tone::primary)->setHeading();
   add(tr("Thank you for participating in the Mirvane Beta test."), 13, QFont::Normal,
       theme::Tone::secondary);
   column->addSpacing(12);
-  add(tr("Next steps"), 14, QFont::DemiBold, theme::Tone::primary);
-  add(tr("Save the result file using the button below, then email the file to %1.")
-          .arg(inputs_.contactAddress),
-      13, QFont::Normal, theme::Tone::secondary);
+  add(tr("Next steps"), 14, QFont::DemiBold, theme::Tone::primary)->setHeading();
+  add(sendingInstruction(inputs_.contactAddress), 13, QFont::Normal, theme::Tone::secondary);
   add(tr("The file is used only for improving Mirvane. We will notify you before any public "
          "release or data sharing."),
       13, QFont::Normal, theme::Tone::secondary);

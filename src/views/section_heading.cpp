@@ -15,7 +15,9 @@ SectionHeading::SectionHeading(const QString& text, const QString& symbol, const
     drawing->setObjectName(symbol);
     row->addWidget(drawing, 0, Qt::AlignVCenter);
   }
-  row->addWidget(new TextLabel(text, style.pointSize, QFont::DemiBold, style.textTone, this), 1);
+  auto* const label = new TextLabel(text, style.pointSize, QFont::DemiBold, style.textTone, this);
+  label->setHeading();
+  row->addWidget(label, 1);
 }
 
 }  // namespace mirvane

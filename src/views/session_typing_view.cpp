@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "capture/cycle_key_monitor.h"
+#include "views/accessible_parts.h"
+#include "views/announcer.h"
 #include "views/bar.h"
 #include "views/bordered_button.h"
 #include "views/divider.h"
@@ -49,7 +51,9 @@ InformationStrip* makeStrip(bool hasCycleKey, const QColor& accent, QWidget* par
 SessionTypingView::SessionTypingView(Inputs inputs, QWidget* parent)
     : QWidget(parent),
       inputs_(std::move(inputs)),
-      accent_(hasCycleKey() ? inputs_.sky : inputs_.deep) {
+      accent_(hasCycleKey() ? inputs_.sky : inputs_.deep),
+      announcer_(new Announcer(this)),
+      engineAnnouncements_(inputs_.engine, announcer_->announcements(), announcer_->pauseOfKeys()) {
   // Made in the order in which the eye and the Tab key go through them.
   auto* const column = makeColumn(0, this);
   column->addWidget(makeHeader());
@@ -77,6 +81,7 @@ QWidget* SessionTypingView::makeHeader() {
   auto* const title = new TextLabel(tr("Session %1").arg(inputs_.sessionNumber), 15,
                                     QFont::DemiBold, theme::Tone::primary, header);
   title->setObjectName(QStringLiteral("pageTitle"));
+  title->setHeading();
   title->setAccent(accent_);
   auto* const texts = makeColumn(2);
   texts->addWidget(title);
@@ -98,6 +103,7 @@ QWidget* SessionTypingView::makeNotice() {
   auto* const notice = new MirvaneRuleRow(QStringLiteral("keyboard"),
                                           otherProgramsNotice(inputs_.otherPrograms), this);
   notice->setObjectName(QStringLiteral("otherProgramsNotice"));
+  setAccessibleRole(*notice, QAccessible::StaticText);
   return notice;
 }
 

@@ -10,9 +10,12 @@
 #include "platform/event_monitors.h"
 #include "platform/task_queue.h"
 #include "session/correction_engine.h"
+#include "views/announcements.h"
 #include "views/other_programs_notice.h"
 
 namespace mirvane {
+
+class Announcer;
 
 /// One timed typing session. Text, engine and the slot of the cycle-key monitor belong to the
 /// flow, so they survive this screen; tracking runs while it is shown.
@@ -58,6 +61,8 @@ class SessionTypingView : public QWidget {
 
   Inputs inputs_;
   QColor accent_;
+  Announcer* announcer_;
+  EngineAnnouncements engineAnnouncements_;
   QPlainTextEdit* field_ = nullptr;
   Subscription typedTextSubscription_;
   Lifetime lifetime_;

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QPainter>
 
+#include "views/accessible_parts.h"
 #include "views/layouts.h"
 #include "views/symbol.h"
 #include "views/text_label.h"
@@ -21,6 +22,7 @@ StepRow::StepRow(const QString& title, const QString& symbol, const QColor& deep
       deep_(deep),
       symbol_(new Symbol(symbol, 12, theme::Tone::secondary, this)),
       label_(new TextLabel(title, titleSize, QFont::Normal, theme::Tone::primary, this)) {
+  setAccessibleRole(*this, QAccessible::ListItem);
   symbol_->setObjectName(symbol);
   symbol_->setFixedWidth(16);
   auto* const row = makeRow(8, this);

@@ -1,5 +1,6 @@
 #include "views/step_tile.h"
 
+#include "views/accessible_parts.h"
 #include "views/badge.h"
 #include "views/layouts.h"
 #include "views/text_label.h"
@@ -10,6 +11,8 @@ namespace mirvane {
 StepTile::StepTile(const QString& badge, const QString& name, const QString& description,
                    QWidget* parent)
     : RoundedCard({.color = theme::deep(), .fillOpacity = 0.06, .cornerRadius = 10}, parent) {
+  setAccessibleRole(*this, QAccessible::ListItem);
+  setAccessibleName(tr("%1: %2").arg(name, description));
   constexpr int badgeSide = 28;
   auto* const column = makeColumn(4, this);
   column->setContentsMargins(6, 12, 6, 12);

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QPainter>
 
+#include "views/accessible_parts.h"
 #include "views/text_label.h"
 #include "views/theme.h"
 
@@ -33,6 +34,7 @@ SuggestionBar::SuggestionBar(const CorrectionEngine& engine, const QColor& accen
       accent_(accent),
       placement_(placement),
       dash_(new TextLabel(tr("—"), 14, QFont::Normal, theme::Tone::tertiary, this)) {
+  setAccessibleRole(*this, QAccessible::Grouping);
   setAccessibleName(tr("Suggestions"));
   dash_->setObjectName(QStringLiteral("noSuggestions"));
   dash_->setAccessibleName(tr("No suggestions"));

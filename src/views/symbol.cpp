@@ -6,6 +6,7 @@
 #include <QSvgRenderer>
 #include <cmath>
 
+#include "views/accessible_parts.h"
 #include "views/surface.h"
 
 /// The drawings lie in a static library, which leaves them to whoever uses them first.
@@ -72,6 +73,7 @@ Symbol::Symbol(const QString& name, int pointSize, theme::Tone tone, QWidget* pa
     : QWidget(parent), name_(name), side_(symbolSide(pointSize)), tone_(tone) {
   setFixedSize(side_, side_);
   setAttribute(Qt::WA_TransparentForMouseEvents);
+  hideFromAssistiveTechnology(*this);
 }
 
 void Symbol::setSymbol(const QString& name, theme::Tone tone) {

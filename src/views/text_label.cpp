@@ -2,6 +2,7 @@
 
 #include <QEvent>
 
+#include "views/accessible_parts.h"
 #include "views/surface.h"
 
 namespace mirvane {
@@ -18,6 +19,10 @@ TextLabel::TextLabel(const QString& text, int pixelSize, QFont::Weight weight, t
 void TextLabel::setTone(theme::Tone tone) {
   tone_ = tone;
   applyColor();
+}
+
+void TextLabel::setHeading() {
+  setAccessibleRole(*this, QAccessible::Heading);
 }
 
 void TextLabel::setAccent(const QColor& accent) {

@@ -15,6 +15,8 @@ class TextLabel : public QLabel {
             QWidget* parent = nullptr);
 
   void setTone(theme::Tone tone);
+  /// Assistive technology tells a heading from other texts, and goes from one to the next.
+  void setHeading();
   /// Draws in `accent`, made readable where it stands, instead of the tone's colour.
   void setAccent(const QColor& accent);
   /// Draws in exactly this colour, for texts on a surface of their own; an invalid one ends that.
