@@ -1,6 +1,7 @@
 #include "capture/key_input_tracker.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace mirvane {
 namespace {
@@ -66,6 +67,7 @@ void KeyInputTracker::reset() {
 void KeyInputTracker::restore(KeyEventList events) {
   if (events.size() > eventCapacity) events.resize(eventCapacity);
   events_.assign(std::move(events));
+  isRestored_ = true;
 }
 
 void KeyInputTracker::handleKeyDown(std::uint16_t keyCode, std::string_view characters,
@@ -75,6 +77,9 @@ void KeyInputTracker::handleKeyDown(std::uint16_t keyCode, std::string_view char
   pendingKeyDowns_.modify([&](auto& pending) { pending[keyCode] = timestamp; });
   std::optional<double> gap;
   if (!events_->empty()) gap = (timestamp - events_->front().timestamp) * msPerSecond;
+  constexpr double longestGap = 60'000;  // ms that may lie between two runs
+  const bool isKnown = gap && *gap >= 0 && *gap <= longestGap;
+  if (std::exchange(isRestored_, false) && !isKnown) gap.reset();
   record({makeUuid(), keyCode, std::string(characters), timestamp, modifierFlags, gap, {}});
 }
 

@@ -63,7 +63,8 @@ class KeyInputTracker {
   /// Forgets the recorded keys and the words, and goes on watching.
   void reset();
 
-  /// Takes keys that were recorded in an earlier run, newest first, for its own.
+  /// Takes keys that were recorded in an earlier run, newest first, for its own. Where the next
+  /// key's clock has nothing to do with theirs, it has no gap.
   void restore(KeyEventList events);
 
   /// The platform-free entry points. Timestamps are seconds; `sourceUserData` is absent when no
@@ -94,6 +95,7 @@ class KeyInputTracker {
 
   Platform platform_;
   Observable<KeyEventList> events_;
+  bool isRestored_ = false;  ///< the newest event is of an earlier run
   TypedWordBuffer typedWordBuffer_;
   Handle keyDownMonitor_, keyUpMonitor_, mouseDownMonitor_, appActivationObserver_;
   Handle localKeyDownMonitor_, localKeyUpMonitor_;

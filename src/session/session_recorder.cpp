@@ -89,7 +89,7 @@ void SessionRecorder::recordKey(const InputEvent& event) {
     if (!record_.times.firstKey) record_.times.firstKey = record_.times.lastKey;
   }
   add({.kind = kindOf(event.kind),
-       .t = secondsAt(event.timestamp),
+       .t = secondsAt(steadyTimeOf(event.timestamp)),
        .keyCode = event.keyCode,
        .text = event.characters,
        .flags = event.modifierFlags});
@@ -169,6 +169,15 @@ void SessionRecorder::add(RecordedEvent event) {
 
 void SessionRecorder::announce() const {
   if (onChange) onChange();
+}
+
+/// The display may be another machine's, with a clock of its own: then its first key tells how far
+/// the two are apart.
+double SessionRecorder::steadyTimeOf(double timestamp) {
+  constexpr double latest = 10;  // seconds that a key may be on its way
+  const double now = platform_.clock.monotonicSeconds();
+  if (std::abs(now - (timestamp + displayLag_)) > latest) displayLag_ = now - timestamp;
+  return timestamp + displayLag_;
 }
 
 /// A key that was pressed before the session began is its second 0.

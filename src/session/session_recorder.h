@@ -70,10 +70,12 @@ class SessionRecorder : public SessionObserver {
   void add(RecordedEvent event);
   void announce() const;
   [[nodiscard]] double secondsAt(double monotonicSeconds) const;
+  [[nodiscard]] double steadyTimeOf(double timestamp);
 
   CorrectionEngine& engine_;
   Platform platform_;
   double origin_;
+  double displayLag_ = 0;  ///< what keys' timestamps are behind our clock, seconds
   Record record_;
   bool wasLastKeyOwn_ = true;
   std::optional<MonitorHandle> ownKeys_, keysElsewhere_;

@@ -214,6 +214,31 @@ TEST(StudyKeeping, CountsOnWithoutThePauseAndKeepsTheDate) {
   EXPECT_EQ(run.engine1.sessionStart(), start);
 }
 
+TEST(StudyKeeping, CountsTheKeysOfADisplayWithAnotherClock) {
+  JournalDisk disk;
+  const auto strike = [](StudyRun& run, double timestamp) {
+    run.desktop.keyboard().press({4, "h"}, {timestamp});
+    run.desktop.settle();
+    run.desktop.advance(0.2);
+  };
+  {
+    StudyRun run(disk);
+    run.goTo(2);
+    run.desktop.advance(5);
+    for (const double timestamp : {7.0, 7.2}) strike(run, timestamp);
+    const auto& events = run.keeping->recording().events;
+    ASSERT_THAT(events, SizeIs(2));
+    EXPECT_NEAR(events[0].event.t, 5, 1e-5);
+    EXPECT_NEAR(events[1].event.t, 5.2, 1e-5);
+    ASSERT_TRUE(run.keep());
+  }
+  StudyRun run(disk);
+  run.takeUp();
+  strike(run, 3.0);
+  EXPECT_NEAR(run.keeping->recording().events.back().event.t, 5.4, 1e-5);
+  EXPECT_FALSE(run.engine1.keyInputTracker().events()->front().inputGap);
+}
+
 TEST(StudyKeeping, HoldsNoKeyOfAnotherProgram) {
   JournalDisk disk;
   StudyRun run(disk);
