@@ -63,6 +63,7 @@ EventMask kindOf(const QKeyEvent& event) {
 QtEventMonitors::QtEventMonitors(QtTaskQueue& queue, const Clock& clock, OtherApplications* others)
     : queue_(queue), clock_(clock), others_(others) {
   qApp->installEventFilter(this);
+  strokes_.install();
   connect(qApp, &QGuiApplication::applicationStateChanged, this,
           [this](Qt::ApplicationState state) {
             if (state != Qt::ApplicationActive) modifierKeys_.forget();
@@ -119,8 +120,7 @@ void QtEventMonitors::handleKey(const QKeyEvent& event) {
     return;
   }
   queue_.runPending();
-  const bool isReleaseOfRepeat = event.isAutoRepeat() && event.type() == QEvent::KeyRelease;
-  if (isReleaseOfRepeat || worksControl(event)) return;
+  if (worksControl(event)) return;
   const auto keyCode = virtualKeyCode(event.nativeScanCode());
   if (isModifierKeyCode(keyCode)) {
     handleModifierKey(event, keyCode);

@@ -7,6 +7,7 @@
 #include "platform/event_monitors.h"
 #include "platform/linux/modifier_keys.h"
 #include "platform/linux/other_applications.h"
+#include "platform/linux/qt_key_strokes.h"
 #include "platform/linux/qt_task_queue.h"
 
 class QInputEvent;
@@ -18,7 +19,8 @@ namespace mirvane {
 
 /// Watches the keys and pointer presses of this application's own windows through an event filter
 /// of the application. Each press is reported once. A held key comes as repeated presses and one
-/// release; a letter composed from several keys comes as one press that carries it.
+/// release (`QtKeyStrokes`); a letter composed from several keys comes as one press that carries
+/// it.
 ///
 /// Keys that work a control are not typing and are not reported: Tab where it moves the focus,
 /// Space and Return on a button.
@@ -59,6 +61,7 @@ class QtEventMonitors : public QObject, public EventMonitors {
   QtTaskQueue& queue_;
   const Clock& clock_;
   OtherApplications* others_;
+  QtKeyStrokes strokes_;
   ModifierKeys modifierKeys_;
   std::vector<Monitor> localMonitors_;
   std::vector<Monitor> globalMonitors_;

@@ -92,6 +92,83 @@ TEST_F(QtEventMonitorsTest, ReportsAHeldKeyAsRepeatedPressesAndOneRelease) {
   EXPECT_EQ(releases, 1);
 }
 
+/// As a server that tells strokes from repeats sends a hold: presses, and one release.
+class QtKeyStrokesTest : public QtEventMonitorsTest {
+ protected:
+  void hold(QWidget& at, const HardwareKey& key, int repeats) {
+    for (int time = 0; time <= repeats; ++time) press(at, key);
+  }
+};
+
+TEST_F(QtKeyStrokesTest, MarksWhatAHeldKeyRepeats) {
+  watch(EventMask::keyDown);
+  button->setFocus();
+  int pressed = 0;
+  QObject::connect(button, &QPushButton::pressed, [&] { ++pressed; });
+  hold(window, keySpace, 3);
+  EXPECT_EQ(pressed, 1) << "the button takes no repeat for a press";
+  release(window, keySpace);
+  press(window, keySpace);
+  EXPECT_EQ(pressed, 2) << "a new stroke";
+  release(window, keySpace);
+  field->setFocus();
+  hold(window, keyA, 3);
+  EXPECT_EQ(field->text(), QStringLiteral("aaaa"));
+  EXPECT_EQ(seen.size(), 4U);
+}
+
+TEST_F(QtKeyStrokesTest, DropsTheRepeatsOfAKeyWhoseControlIsGone) {
+  watch(EventMask::keyDown);
+  int releases = 0;
+  (void)monitors.addLocalMonitor(EventMask::keyUp, [&](const InputEvent&) { ++releases; });
+  button->setFocus();
+  press(window, keySpace);
+  button->hide();
+  field->setFocus();
+  hold(window, keySpace, 3);
+  EXPECT_TRUE(seen.empty());
+  press(window, keyA);
+  release(window, keyA);
+  release(window, keySpace);
+  EXPECT_EQ(field->text(), QStringLiteral("a")) << "another key types";
+  EXPECT_EQ(releases, 2);
+}
+
+TEST_F(QtKeyStrokesTest, DropsTheRestOfAHoldForGoodAndTakesTheNextStroke) {
+  hold(window, keyA, 1);
+  field->hide();
+  press(window, keyA);
+  field->show();
+  field->setFocus();
+  hold(window, keyA, 2);
+  EXPECT_EQ(field->text(), QStringLiteral("aa"));
+  release(window, keyA);
+  press(window, keyA);
+  EXPECT_EQ(field->text(), QStringLiteral("aaa"));
+}
+
+TEST_F(QtKeyStrokesTest, DropsRepeatsThatComeToAnotherWindow) {
+  QLineEdit dialog;
+  dialog.show();
+  press(window, keyA);
+  dialog.activateWindow();
+  QCoreApplication::processEvents();
+  hold(dialog, keyA, 2);
+  EXPECT_EQ(dialog.text(), QString());
+  release(dialog, keyA);
+  press(dialog, keyA);
+  EXPECT_EQ(dialog.text(), QStringLiteral("a"));
+}
+
+TEST_F(QtKeyStrokesTest, KeepsTheTimeOfARepeat) {
+  double timestamp = 0;
+  press(window, keyA);
+  (void)monitors.addLocalMonitor(EventMask::keyDown,
+                                 [&](const InputEvent& event) { timestamp = event.timestamp; });
+  press(window, keyA);
+  EXPECT_DOUBLE_EQ(timestamp, 1.5);
+}
+
 TEST_F(QtEventMonitorsTest, ReportsComposedLetters) {
   watch(EventMask::keyDown);
   QInputMethodEvent composing(QStringLiteral("´"), {});
