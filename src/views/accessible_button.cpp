@@ -25,7 +25,10 @@ RoundedButton& AccessibleButton::button() const {
 
 QString AccessibleButton::text(QAccessible::Text kind) const {
   const QString text = AccessiblePart::text(kind);
-  return kind == QAccessible::Name && text.isEmpty() ? button().text() : text;
+  if (kind == QAccessible::Name && text.isEmpty()) return button().text();
+  if (kind != QAccessible::Description || button().keyboardHint().isEmpty()) return text;
+  return text.isEmpty() ? button().keyboardHint()
+                        : QStringLiteral("%1. %2").arg(text, button().keyboardHint());
 }
 
 QAccessible::State AccessibleButton::state() const {

@@ -20,6 +20,7 @@
 #include "views/section_heading.h"
 #include "views/suggestion_bar.h"
 #include "views/theme.h"
+#include "views/typing_keeper.h"
 
 namespace mirvane {
 
@@ -49,6 +50,7 @@ PracticeView::PracticeView(const Inputs& inputs, QWidget* parent)
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(makeStartBar());
   setFocusProxy(field_);
+  new TypingKeeper(*this, *field_);
 }
 
 QWidget* PracticeView::makeField() {

@@ -23,6 +23,10 @@ class RoundedButton : public QPushButton {
   void setReady(bool isReady);
   [[nodiscard]] bool isReady() const { return isReady_; }
 
+  /// What assistive technology adds to the description, while the button has the focus say.
+  void setKeyboardHint(const QString& hint) { keyboardHint_ = hint; }
+  [[nodiscard]] const QString& keyboardHint() const { return keyboardHint_; }
+
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -56,6 +60,7 @@ class RoundedButton : public QPushButton {
   [[nodiscard]] bool canBePressed() const { return isReady_ && isEnabled(); }
 
   bool isReady_ = true;
+  QString keyboardHint_;
   QString symbol_;
   int symbolPointSize_ = 0;
 };

@@ -21,6 +21,7 @@
 #include "views/suggestion_bar.h"
 #include "views/text_label.h"
 #include "views/theme.h"
+#include "views/typing_keeper.h"
 
 namespace mirvane {
 namespace {
@@ -71,6 +72,7 @@ SessionTypingView::SessionTypingView(Inputs inputs, QWidget* parent)
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(makeDoneBar());
   setFocusProxy(field_);
+  new TypingKeeper(*this, *field_);
 
   typedTextSubscription_ = inputs_.typedText.subscribe([this] { showTypedText(); });
   showTypedText();

@@ -15,6 +15,10 @@ SESSION1_SEED = os.environ.get("SESSION1_SEED", "3")
 SESSION2_SEED = os.environ.get("SESSION2_SEED", "4")
 
 
+# What the screen says once the focus has rested on a button.
+SPACE_HINT = "Return or Space presses this button. Letters go on into your text."
+
+
 class WholeStudy(StudyTest):
     def test_saved_report_equals_the_replay_of_the_same_keys(self):
         first = record(self.folder, 1, SESSION1_SEED, "--profile", "steady")
@@ -56,6 +60,7 @@ class Practice(StudyTest):
         self.study.await_element("Apply hello")
         self.keyboard.type("\t")
         self.study.await_focus("Apply hello")
+        self.study.await_element(SPACE_HINT)
         self.keyboard.type(" ")
         self.study.await_text("hello", "Type a single word")
         self.study.await_focus("Type a single word")
