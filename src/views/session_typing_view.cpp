@@ -1,5 +1,6 @@
 #include "views/session_typing_view.h"
 
+#include <QAbstractButton>
 #include <QHideEvent>
 #include <QShowEvent>
 #include <utility>
@@ -158,7 +159,7 @@ QWidget* SessionTypingView::makeDoneBar() {
   auto* const done = new MirvanePrimaryButton(
       isFirst ? tr("Done — Continue to Session 2") : tr("Done — See Results"),
       isFirst ? QStringLiteral("arrow.right") : QStringLiteral("checkmark"), accent_,
-      inputs_.onDone, bar);
+      [this] { finish(); }, bar);
   done->setObjectName(QStringLiteral("doneButton"));
   done->setAccessibleDescription(tr("Ends this session"));
   auto* const column = makeColumn(0, bar);
@@ -186,6 +187,7 @@ void SessionTypingView::appear() {
 }
 
 void SessionTypingView::disappear() {
+  if (emptyFieldQuestion_ != nullptr) emptyFieldQuestion_->close();
   if (hasCycleKey()) removeCycleKeyMonitor(inputs_.monitors, *inputs_.cycleKeyMonitor);
   inputs_.engine.stopTracking();
 }
@@ -206,6 +208,27 @@ void SessionTypingView::reset() {
   inputs_.engine.reset();
   inputs_.typedText.set({});
   field_->setFocus();
+}
+
+void SessionTypingView::finish() {
+  if (!field_->toPlainText().trimmed().isEmpty()) return inputs_.onDone();
+  if (emptyFieldQuestion_ == nullptr) askAboutEmptyField();
+}
+
+void SessionTypingView::askAboutEmptyField() {
+  emptyFieldQuestion_ = new StudyDialog(
+      {QStringLiteral("exclamationmark.triangle.fill"), tr("You have not typed anything yet."),
+       tr("Keep typing to write the sentence into the field. If you go on now, this session stays "
+          "empty.")},
+      this);
+  emptyFieldQuestion_->setObjectName(QStringLiteral("emptyFieldQuestion"));
+  emptyFieldQuestion_
+      ->addChoice(tr("Keep typing"), StudyDialog::ChoiceRole::safe, [this] { field_->setFocus(); })
+      ->setObjectName(QStringLiteral("keepTypingButton"));
+  emptyFieldQuestion_
+      ->addChoice(tr("Go on without typing"), StudyDialog::ChoiceRole::other, inputs_.onDone)
+      ->setObjectName(QStringLiteral("goOnButton"));
+  emptyFieldQuestion_->open();
 }
 
 void SessionTypingView::showTypedText() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QWidget>
 #include <functional>
 #include <optional>
@@ -12,6 +13,7 @@
 #include "session/correction_engine.h"
 #include "views/announcements.h"
 #include "views/other_programs_notice.h"
+#include "views/study_dialog.h"
 
 namespace mirvane {
 
@@ -57,6 +59,9 @@ class SessionTypingView : public QWidget {
   void cycle();
   void apply(const QString& suggestion);
   void reset();
+  /// Hands over to the flow, but asks first when nothing has been typed.
+  void finish();
+  void askAboutEmptyField();
   void showTypedText();
 
   Inputs inputs_;
@@ -64,6 +69,7 @@ class SessionTypingView : public QWidget {
   Announcer* announcer_;
   EngineAnnouncements engineAnnouncements_;
   QPlainTextEdit* field_ = nullptr;
+  QPointer<StudyDialog> emptyFieldQuestion_;
   Subscription typedTextSubscription_;
   Lifetime lifetime_;
 };

@@ -104,13 +104,13 @@ class Study(Program):
 
     def go_to_session2(self):
         self.go_to_session1()
-        self.click("Done — Continue to Session 2")
+        self.end_session("Done — Continue to Session 2")
         self.await_element("Done — See Results")
         self.await_focus("Type the sentence here")
 
     def go_to_results(self):
         self.go_to_session2()
-        self.click("Done — See Results")
+        self.end_session("Done — See Results")
         self.await_element("Save Results…")
 
     def focused_field(self):
@@ -129,9 +129,16 @@ class Study(Program):
         wait_for(lambda: self.focused_field() == path, f"'{path}' in the save panel")
         self.keyboard.type("\r")
 
+    def end_session(self, button):
+        """With the Done button of this name; an empty field makes it ask."""
+        is_empty = not self.text().strip()
+        self.click(button)
+        if is_empty:
+            self.click("Go on without typing")
+
     def report(self, folder):
         """Ends the last session and saves what it gave."""
-        self.click("Done — See Results")
+        self.end_session("Done — See Results")
         path = os.path.join(folder, "result.txt")
         self.save_as(path)
         self.await_element("Saved ✓")

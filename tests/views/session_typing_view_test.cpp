@@ -55,6 +55,7 @@ TEST_F(SessionView, SaysWhatEachSessionUses) {
     EXPECT_EQ(shown.join(' ').contains("right Alt"), session == 1);
     EXPECT_EQ(part<QPushButton>(*view, "doneButton").text(), buttons[session]);
   }
+  field().setPlainText(QStringLiteral("text"));
   part<QPushButton>(*view, "doneButton").click();
   EXPECT_EQ(done, 1);
 }
@@ -155,6 +156,33 @@ TEST_F(SessionView, ResetEmptiesTextAndEngineAndGoesOnTracking) {
   EXPECT_TRUE(engine.isTracking);
   world.desktop.type("a");
   EXPECT_EQ(engine.measurements().keystrokeCount, 1);
+}
+
+TEST_F(SessionView, AsksBeforeItEndsWithAnEmptyField) {
+  open(1);
+  for (const char* blank : {"", " \n "}) {
+    field().setPlainText(QString::fromLatin1(blank));
+    part<QPushButton>(*view, "doneButton").click();
+    EXPECT_EQ(done, 0) << '"' << blank << '"';
+    ASSERT_TRUE(part<QWidget>(*view, "emptyFieldQuestion").isVisible());
+    part<QPushButton>(*view, "keepTypingButton").click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  part<QPushButton>(*view, "doneButton").click();
+  const auto& question = part<QWidget>(*view, "emptyFieldQuestion");
+  EXPECT_EQ(question.focusWidget(), &part<QPushButton>(*view, "keepTypingButton"));
+  part<QPushButton>(*view, "goOnButton").click();
+  EXPECT_EQ(done, 1);
+}
+
+TEST_F(SessionView, TakesItsQuestionAwayWithItself) {
+  open(1);
+  part<QPushButton>(*view, "doneButton").click();
+  const auto& question = part<QWidget>(*view, "emptyFieldQuestion");
+  ASSERT_TRUE(question.isVisible());
+  view->hide();
+  EXPECT_FALSE(question.isVisible());
+  EXPECT_EQ(done, 0);
 }
 
 TEST_F(SessionView, TracksOnceAndOnlyWhileItIsShown) {
