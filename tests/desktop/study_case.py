@@ -2,6 +2,7 @@
 
 import os
 import re
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -30,12 +31,18 @@ def without_times(report):
     return re.sub(r"  t=\d\d:\d\d:\d\d$", "", report, flags=re.M).strip()
 
 
+def forget_unsaved_study():
+    """So that the next case starts afresh, whatever this one left unsaved."""
+    shutil.rmtree(os.path.expanduser("~/.local/state/mirvanetest"), ignore_errors=True)
+
+
 class StudyTest(unittest.TestCase):
     environment = {}  # of the study, beside that of the desktop
     arguments = ()  # of the study's command line
 
     def setUp(self):
         set_accessibility(True)
+        self.addCleanup(forget_unsaved_study)  # after the study has ended
         self.study = Study(self.environment, self.arguments)
         self.addCleanup(self.study.close)
         self.keyboard = self.study.keyboard
