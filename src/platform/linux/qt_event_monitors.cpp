@@ -131,6 +131,9 @@ void QtEventMonitors::handleKey(const QKeyEvent& event) {
 }
 
 double QtEventMonitors::secondsOf(const QInputEvent& event) const {
+  // While assistive technology listens, the toolkit asks it about each key first and then sends a
+  // copy of the event, without its time.
+  if (event.timestamp() == 0) return clock_.monotonicSeconds();
   const double now = clock_.monotonicSeconds() * millisecondsPerSecond;
   return wholeServerTime(event.timestamp(), now) / millisecondsPerSecond;
 }
