@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/trust_prompt.h"
+
 namespace mirvane {
 
 /// A range of a text in UTF-16 code units.
@@ -55,8 +57,9 @@ class Accessibility {
   /// Whether this process may use accessibility. Cheap enough to ask every second.
   [[nodiscard]] virtual bool isProcessTrusted() const = 0;
 
-  /// Asks the user for that permission; the answer shows in `isProcessTrusted` later.
-  virtual void promptForTrust() = 0;
+  /// Asks the user for that permission, through `prompt` where the desktop has no question of its
+  /// own; the answer shows in `isProcessTrusted` later.
+  virtual void promptForTrust(TrustPrompt& prompt) = 0;
 
   /// The focused element of the focused application; null when there is none or it has no
   /// accessibility.

@@ -1,7 +1,10 @@
 #include "views/accessibility_required_gate_view.h"
 
+#include <utility>
+
 #include "views/bordered_button.h"
 #include "views/layouts.h"
+#include "views/study_dialog.h"
 #include "views/symbol.h"
 #include "views/text_label.h"
 #include "views/theme.h"
@@ -18,10 +21,12 @@ TextLabel* centred(TextLabel* label) {
 
 AccessibilityRequiredGateView::AccessibilityRequiredGateView(Accessibility& accessibility,
                                                              Workspace& workspace,
+                                                             OtherPrograms otherPrograms,
                                                              const QColor& deep, QWidget* parent)
     : QWidget(parent),
       accessibility_(accessibility),
       workspace_(workspace),
+      otherPrograms_(otherPrograms),
       settingsFailure_(new TextLabel(
           tr("This desktop offers no accessibility settings to open. Choose Allow instead."), 13,
           QFont::Normal, theme::Tone::warning, this)) {
@@ -49,7 +54,7 @@ QWidget* AccessibilityRequiredGateView::makeButtons(const QColor& deep) {
   auto* const allow = new BorderedButton(tr("Allow"), {}, buttons);
   allow->setObjectName(QStringLiteral("allowButton"));
   allow->setAccessibleDescription(tr("Asks to switch on accessibility for Mirvane"));
-  connect(allow, &QPushButton::clicked, this, [this] { accessibility_.promptForTrust(); });
+  connect(allow, &QPushButton::clicked, this, [this] { accessibility_.promptForTrust(*this); });
   row->addWidget(allow);
 
   auto* const settings = new BorderedButton(tr("Settings"), deep, buttons);
@@ -58,6 +63,35 @@ QWidget* AccessibilityRequiredGateView::makeButtons(const QColor& deep) {
   connect(settings, &QPushButton::clicked, this, [this] { openSettings(); });
   row->addWidget(settings);
   return buttons;
+}
+
+void AccessibilityRequiredGateView::ask(Grant grant) {
+  if (consent_ != nullptr) return consent_->activateWindow();
+  const QString text =
+      tr("It reads the text you type and corrects it. %1\n\nAllowing this switches on the "
+         "accessibility service of your desktop; you can switch it off again in the desktop's "
+         "settings.")
+          .arg(otherProgramsConsent(otherPrograms_));
+  consent_ = new StudyDialog({QStringLiteral("hand.raised.fill"),
+                              tr("Allow this application to use accessibility?"), text},
+                             this);
+  consent_->setObjectName(QStringLiteral("consentDialog"));
+  consent_->addChoice(tr("Allow"), StudyDialog::ChoiceRole::other,
+                      [this, grant = std::move(grant)] {
+                        if (const auto failure = grant()) explainFailure(*failure);
+                      });
+  consent_->addChoice(tr("Don't Allow"), StudyDialog::ChoiceRole::safe);
+  consent_->open();
+}
+
+void AccessibilityRequiredGateView::explainFailure(const std::string& reason) {
+  auto* const dialog = new StudyDialog(
+      {QStringLiteral("exclamationmark.triangle.fill"),
+       tr("Accessibility could not be switched on."), QString::fromStdString(reason)},
+      this);
+  dialog->setObjectName(QStringLiteral("trustFailureDialog"));
+  dialog->addChoice(tr("OK"), StudyDialog::ChoiceRole::safe);
+  dialog->open();
 }
 
 void AccessibilityRequiredGateView::openSettings() {

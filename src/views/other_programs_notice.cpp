@@ -22,4 +22,13 @@ QString otherProgramsNotice(OtherPrograms otherPrograms) {
       "written into the report. To avoid this, type only in this window.");
 }
 
+QString otherProgramsConsent(OtherPrograms otherPrograms) {
+  const QString notice = otherProgramsNotice(otherPrograms);
+  if (otherPrograms == OtherPrograms::leftAlone) return notice;
+  return notice + QLatin1Char(' ') +
+         translated(
+             "It is safest to close other programs first. Password fields and terminals are "
+             "always left out.");
+}
+
 }  // namespace mirvane

@@ -13,4 +13,7 @@ enum class OtherPrograms {
 /// The same in the words of the participant, and how to avoid it.
 [[nodiscard]] QString otherProgramsNotice(OtherPrograms otherPrograms);
 
+/// The same at more length, for the question whether the participant agrees.
+[[nodiscard]] QString otherProgramsConsent(OtherPrograms otherPrograms);
+
 }  // namespace mirvane

@@ -47,7 +47,7 @@ class OneElement : public Accessibility {
       : element(std::make_shared<PlainElement>(std::move(text))) {}
 
   [[nodiscard]] bool isProcessTrusted() const override { return true; }
-  void promptForTrust() override {}
+  void promptForTrust(TrustPrompt& /*prompt*/) override {}
   [[nodiscard]] std::shared_ptr<AccessibilityElement> focusedElement() const override {
     return element;
   }

@@ -10,13 +10,22 @@ from program import BUILD, NotShown, Program, await_text, has_state, text_of, wa
 
 
 
+def _switch(method, *value):
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    arguments = ("org.a11y.Status", "IsEnabled", *value)
+    answer = bus.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties",
+                           method, GLib.Variant("(ssv)" if value else "(ss)", arguments), None,
+                           Gio.DBusCallFlags.NONE, -1, None)
+    return answer.unpack()
+
+
 def set_accessibility(is_enabled):
     """The desktop's accessibility switch, as its settings would turn it."""
-    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-    value = GLib.Variant("(ssv)", ("org.a11y.Status", "IsEnabled",
-                                   GLib.Variant("b", is_enabled)))
-    bus.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set",
-                  value, None, Gio.DBusCallFlags.NONE, -1, None)
+    _switch("Set", GLib.Variant("b", is_enabled))
+
+
+def accessibility():
+    return _switch("Get")[0]
 
 
 class Study(Program):
@@ -36,12 +45,22 @@ class Study(Program):
 
     def click(self, name):
         self.await_enabled(name)
-        element = self.await_element(name)
         # Sooner it would be the second half of a double click, which presses nothing.
         time.sleep(max(0.0, self._clicked + 0.6 - time.monotonic()))
         self._clicked = time.monotonic()
-        box = element.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
-        self.keyboard.click(box.x + box.width // 2, box.y + box.height // 2)
+        self.keyboard.click(*self.middle(name))
+
+    def box(self, name, last=False):
+        """Where it is on the screen; of several of that name the first, or the last."""
+        self.await_element(name)
+        shown = [element for element in self.elements() if element.get_name() == name
+                 and has_state(element, Atspi.StateType.SHOWING)]
+        return shown[-1 if last else 0].get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+
+    def middle(self, name, last=False):
+        box = self.box(name, last)
+        return box.x + box.width // 2, box.y + box.height // 2
+
 
     def press_by_keyboard(self, name):
         """Goes to a button with the Tab key and presses it with Return."""

@@ -7,7 +7,7 @@ import unittest
 
 from keyboard import LEFT_ALT, RIGHT_ALT, CONTROL, read_recording, write_recording
 from program import wait_for
-from study import set_accessibility
+from study import accessibility, set_accessibility
 from study_case import StudyTest, record, replay, without_times
 
 # Recordings of the typist whose decisions stay the same when every key comes up to 25 ms late.
@@ -176,15 +176,47 @@ class Saving(StudyTest):
 
 
 class Gate(StudyTest):
-    def test_allow_asks_and_switches_accessibility_on(self):
+    def withdraw_permission(self):
         set_accessibility(False)
-        self.study.await_element("Accessibility required")
+        self.study.await_element("Accessibility required", patience=40)
+
+    def test_allow_asks_and_switches_accessibility_on(self):
+        self.withdraw_permission()
         self.study.click("Allow")
         self.study.await_element("Allow this application to use accessibility?")
-        self.study.await_focus("Allow")
-        self.keyboard.type("\r")
+        self.study.await_focus("Don't Allow")
+        self.study.await_enabled("Don't Allow")
+        self.keyboard.type("\t\r")
         self.study.await_absence("Accessibility required")
         self.study.await_element("Start")
+
+    def test_question_goes_away_with_the_gate(self):
+        self.withdraw_permission()
+        self.study.click("Allow")
+        self.study.await_element("Don't Allow")
+        set_accessibility(True)
+        self.study.await_absence("Don't Allow", patience=40)
+        self.study.await_focus("Start")
+
+    def test_slipping_from_settings_to_allow_consents_to_nothing(self):
+        self.withdraw_permission()
+        self.study.await_enabled("Settings")
+        settings, ask = self.study.middle("Settings"), self.study.middle("Allow")
+        self.keyboard.click(*ask)
+        self.study.await_element("Don't Allow")
+        consent = self.study.middle("Allow", last=True)
+        self.assertNotEqual(consent, ask)
+        self.keyboard.type("\x1b")
+        self.study.await_absence("Don't Allow")
+        time.sleep(1)  # the end of what could be a double click
+        for place in (settings, ask, consent, consent, ask):
+            self.keyboard.click(*place)
+            time.sleep(0.1)
+        self.study.await_enabled("Don't Allow")  # asked, and answered by nobody
+        self.assertFalse(accessibility())
+        self.keyboard.type("\x1b")
+        self.study.await_absence("Don't Allow")
+        self.assertFalse(accessibility())
 
 
 if __name__ == "__main__":

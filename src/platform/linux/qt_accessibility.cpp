@@ -4,7 +4,6 @@
 
 #include "platform/linux/active_application.h"
 #include "platform/linux/qt_text_element.h"
-#include "platform/linux/trust_dialog.h"
 
 namespace mirvane {
 
@@ -12,8 +11,12 @@ bool QtAccessibility::isProcessTrusted() const {
   return status_.isEnabled().value_or(false);
 }
 
-void QtAccessibility::promptForTrust() {
-  showTrustDialog(status_);
+void QtAccessibility::promptForTrust(TrustPrompt& prompt) {
+  if (!status_.isEnabled()) {
+    return prompt.explainFailure(
+        "This desktop session has no accessibility service, or no message bus to reach it by.");
+  }
+  prompt.ask([status = status_] { return status.enable(); });
 }
 
 std::shared_ptr<AccessibilityElement> QtAccessibility::focusedElement() const {

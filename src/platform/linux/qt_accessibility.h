@@ -14,7 +14,7 @@ class QtAccessibility : public Accessibility {
   explicit QtAccessibility(OtherApplications* others = nullptr) : others_(others) {}
 
   [[nodiscard]] bool isProcessTrusted() const override;
-  void promptForTrust() override;
+  void promptForTrust(TrustPrompt& prompt) override;
   [[nodiscard]] std::shared_ptr<AccessibilityElement> focusedElement() const override;
 
  private:

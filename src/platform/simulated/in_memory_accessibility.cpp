@@ -71,6 +71,13 @@ bool InMemoryAccessibility::isProcessTrusted() const {
   return connection_->isTrusted;
 }
 
+void InMemoryAccessibility::promptForTrust(TrustPrompt& prompt) {
+  prompt.ask([this] {
+    connection_->isTrusted = !grantFailure_.has_value();
+    return grantFailure_;
+  });
+}
+
 std::shared_ptr<AccessibilityElement> InMemoryAccessibility::focusedElement() const {
   const auto element = workspace_.focusedElement();
   const bool isVisible =

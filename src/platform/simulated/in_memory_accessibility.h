@@ -2,6 +2,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
+#include <utility>
 
 #include "platform/accessibility.h"
 #include "platform/simulated/in_memory_workspace.h"
@@ -17,12 +20,13 @@ class InMemoryAccessibility : public Accessibility {
   ~InMemoryAccessibility() override;
 
   [[nodiscard]] bool isProcessTrusted() const override;
-  void promptForTrust() override { ++promptCount_; }
+  void promptForTrust(TrustPrompt& prompt) override;
   [[nodiscard]] std::shared_ptr<AccessibilityElement> focusedElement() const override;
 
   /// Trusted at first.
   void setTrusted(bool trusted);
-  [[nodiscard]] int promptCount() const { return promptCount_; }
+  /// Why trust can not be granted from now on.
+  void setGrantFailure(std::string reason) { grantFailure_ = std::move(reason); }
 
   /// How much text has been read so far, in UTF-16 units: shows who reads whole documents.
   [[nodiscard]] std::int64_t unitsRead() const;
@@ -36,7 +40,7 @@ class InMemoryAccessibility : public Accessibility {
 
   const InMemoryWorkspace& workspace_;
   std::shared_ptr<Connection> connection_;
-  int promptCount_ = 0;
+  std::optional<std::string> grantFailure_;
 };
 
 }  // namespace mirvane::simulated
