@@ -16,6 +16,7 @@
 #include "views/session_typing_view.h"
 #include "views/study_dialog.h"
 #include "views/theme.h"
+#include "views/window_frame.h"
 
 namespace mirvane {
 namespace {
@@ -49,10 +50,10 @@ AppFlowView::AppFlowView(const Services& services, QWidget* parent)
       hasAccessibilityAccess_(services.accessibility.isProcessTrusted()),
       studyOrGate_(new QStackedLayout(this)) {
   constexpr QSize minimumFrame(760, 600);
-  setMinimumSize(minimumFrame);
+  keepOnScreen(*this, minimumFrame);
   makeStudy();
   studyOrGate_->addWidget(new AccessibilityRequiredGateView(
-      services_.accessibility, services_.workspace, theme::deep(), this));
+      services_.accessibility, services_.workspace, services_.otherPrograms, theme::deep(), this));
   showStudyOrGate();
   refreshTimer_.setTimerType(Qt::CoarseTimer);
   connect(&refreshTimer_, &QTimer::timeout, this, &AppFlowView::pollPermission);

@@ -1,7 +1,10 @@
 #include "views/field_frame.h"
 
-#include <QEvent>
+#include <QAbstractScrollArea>
+#include <QCoreApplication>
+#include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "views/accessible_parts.h"
 #include "views/layouts.h"
@@ -20,6 +23,7 @@ FieldFrame::FieldFrame(QWidget* field, const QColor& accent, QWidget* parent)
   setAccessibleRole(*this, QAccessible::Grouping);
   setAccessibleName(tr("Typing"));
   makeTextsReadable();
+  setCursor(Qt::IBeamCursor);
 }
 
 bool FieldFrame::eventFilter(QObject* /*watched*/, QEvent* event) {
@@ -46,6 +50,21 @@ void FieldFrame::makeTextsReadable() {
 
 QList<QColor> FieldFrame::fills() const {
   return {palette().color(QPalette::Base)};
+}
+
+void FieldFrame::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  field_->setFocus(Qt::MouseFocusReason);
+  auto* const area = qobject_cast<QAbstractScrollArea*>(field_);
+  QWidget& text = area != nullptr ? *area->viewport() : *field_;
+  const QPoint place = text.mapFrom(this, event->position().toPoint());
+  const QPoint nearest(std::clamp(place.x(), 0, text.width() - 1),
+                       std::clamp(place.y(), 0, text.height() - 1));
+  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    QMouseEvent click(type, nearest, text.mapToGlobal(nearest), Qt::LeftButton, Qt::LeftButton,
+                      event->modifiers());
+    QCoreApplication::sendEvent(&text, &click);
+  }
 }
 
 void FieldFrame::paintEvent(QPaintEvent* /*event*/) {

@@ -8,7 +8,7 @@
 namespace mirvane {
 
 /// The rounded border of a text field: in the accent colour and thicker while the field has the
-/// focus, faint otherwise.
+/// focus, faint otherwise. A click on it is one into the field.
 class FieldFrame : public QWidget, public Surface {
   Q_OBJECT
 
@@ -23,6 +23,7 @@ class FieldFrame : public QWidget, public Surface {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
 
  private:
   /// The placeholder on the field, and selected text on its mark.

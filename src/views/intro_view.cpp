@@ -6,6 +6,7 @@
 
 #include "views/accessible_parts.h"
 #include "views/announcer.h"
+#include "views/first_focus.h"
 #include "views/information_strip.h"
 #include "views/layouts.h"
 #include "views/mirvane_info_card.h"
@@ -13,6 +14,7 @@
 #include "views/mirvane_primary_button.h"
 #include "views/mirvane_rule_row.h"
 #include "views/scroll_column.h"
+#include "views/scroll_keys.h"
 #include "views/section_heading.h"
 #include "views/step_tile.h"
 #include "views/symbol.h"
@@ -41,11 +43,11 @@ IntroView::IntroView(std::function<void()> onNext, const QColor& deep, const QCo
   column.addWidget(makeRules());
   column.addWidget(makeSessionFlow(sky));
   column.addStretch(1);
+  // On a small screen the texts scroll above it, and it stays.
   auto* const start = new MirvanePrimaryButton(tr("Start"), QStringLiteral("arrow.right"), deep,
                                                std::move(onNext), this);
   start->setObjectName(QStringLiteral("startButton"));
   start->setAccessibleDescription(tr("Goes to the practice"));
-  column.addWidget(start);
   auto* const whole = makeColumn(0, this);
   if (!warnings.isEmpty()) {
     auto* const strip =
@@ -53,8 +55,13 @@ IntroView::IntroView(std::function<void()> onNext, const QColor& deep, const QCo
     strip->setObjectName(QStringLiteral("studyWarnings"));
     whole->addWidget(strip);
   }
-  whole->addWidget(scroll);
-  setFocusProxy(start);
+  whole->addWidget(scroll, 1);
+  auto* const bottom = makeColumn(0);
+  bottom->setContentsMargins(24, 0, 24, 16);
+  bottom->addWidget(start);
+  whole->addLayout(bottom);
+  scrollByKeys(*scroll, *start);
+  giveFirstFocus(*this, *start);
 }
 
 void IntroView::showEvent(QShowEvent* event) {

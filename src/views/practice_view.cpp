@@ -11,12 +11,14 @@
 #include "views/checklist_row.h"
 #include "views/divider.h"
 #include "views/field_frame.h"
+#include "views/first_focus.h"
 #include "views/layouts.h"
 #include "views/mirvane_info_card.h"
 #include "views/mirvane_page_header.h"
 #include "views/mirvane_primary_button.h"
 #include "views/practice_demonstration.h"
 #include "views/scroll_column.h"
+#include "views/scroll_keys.h"
 #include "views/section_heading.h"
 #include "views/suggestion_bar.h"
 #include "views/theme.h"
@@ -49,8 +51,9 @@ PracticeView::PracticeView(const Inputs& inputs, QWidget* parent)
   column->addWidget(scroll, 1);
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(makeStartBar());
-  setFocusProxy(field_);
   new TypingKeeper(*this, *field_);
+  scrollByKeys(*scroll, *start_);
+  giveFirstFocus(*this, *field_);
 }
 
 QWidget* PracticeView::makeField() {

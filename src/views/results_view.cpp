@@ -9,11 +9,13 @@
 #include "views/badge.h"
 #include "views/bar.h"
 #include "views/divider.h"
+#include "views/first_focus.h"
 #include "views/layouts.h"
 #include "views/mirvane_page_header.h"
 #include "views/mirvane_primary_button.h"
 #include "views/rounded_card.h"
 #include "views/scroll_column.h"
+#include "views/scroll_keys.h"
 #include "views/study_dialog.h"
 #include "views/text_label.h"
 #include "views/theme.h"
@@ -55,7 +57,8 @@ ResultsView::ResultsView(Inputs inputs, QWidget* parent)
   column->addWidget(scroll, 1);
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(buttonBar);
-  setFocusProxy(saveButton_);
+  scrollByKeys(*scroll, *saveButton_);
+  giveFirstFocus(*this, *saveButton_);
 
   auto* const announcer = new Announcer(this, Announcer::afterTheFocus);
   announcer->announcements().say(tr("Test Complete"));

@@ -1,5 +1,6 @@
 #include "views/scroll_column.h"
 
+#include <QApplication>
 #include <QEvent>
 
 #include "views/layouts.h"
@@ -16,6 +17,7 @@ ScrollColumn::ScrollColumn(int spacing, QWidget* parent) : QScrollArea(parent) {
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::NoFocus);
+  connect(qApp, &QApplication::focusChanged, this, &ScrollColumn::showFocus);
 }
 
 bool ScrollColumn::eventFilter(QObject* watched, QEvent* event) {
@@ -27,6 +29,13 @@ bool ScrollColumn::eventFilter(QObject* watched, QEvent* event) {
 void ScrollColumn::resizeEvent(QResizeEvent* event) {
   keepTextsWhole();
   QScrollArea::resizeEvent(event);
+  showFocus();
+}
+
+void ScrollColumn::showFocus() {
+  constexpr int margin = 16;
+  auto* const focus = QApplication::focusWidget();
+  if (focus != nullptr && widget()->isAncestorOf(focus)) ensureWidgetVisible(focus, 0, margin);
 }
 
 void ScrollColumn::keepTextsWhole() {

@@ -5,8 +5,8 @@
 
 namespace mirvane {
 
-/// The vertically scrolling column of a screen, 24 pixels from its edges. What has the keyboard
-/// focus is scrolled into view.
+/// The vertically scrolling column of a screen, 24 pixels from its edges. What gets the keyboard
+/// focus is scrolled into view, and stays there when the window becomes smaller.
 class ScrollColumn : public QScrollArea {
   Q_OBJECT
 
@@ -23,6 +23,7 @@ class ScrollColumn : public QScrollArea {
  private:
   /// The area alone would squeeze wrapped texts: it knows their narrowest height only.
   void keepTextsWhole();
+  void showFocus();
 
   QVBoxLayout* column_;
 };

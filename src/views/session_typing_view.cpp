@@ -12,6 +12,7 @@
 #include "views/bordered_button.h"
 #include "views/divider.h"
 #include "views/field_frame.h"
+#include "views/first_focus.h"
 #include "views/information_strip.h"
 #include "views/layouts.h"
 #include "views/mirvane_primary_button.h"
@@ -72,8 +73,8 @@ SessionTypingView::SessionTypingView(Inputs inputs, QWidget* parent)
   column->addWidget(suggestions);
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(makeDoneBar());
-  setFocusProxy(field_);
   new TypingKeeper(*this, *field_);
+  giveFirstFocus(*this, *field_);
 
   typedTextSubscription_ = inputs_.typedText.subscribe([this] { showTypedText(); });
   showTypedText();

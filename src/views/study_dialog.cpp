@@ -3,7 +3,6 @@
 #include <QAccessible>
 #include <QKeyEvent>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <algorithm>
 #include <utility>
@@ -15,6 +14,7 @@
 #include "views/symbol.h"
 #include "views/text_label.h"
 #include "views/theme.h"
+#include "views/window_frame.h"
 
 namespace mirvane {
 namespace {
@@ -26,9 +26,10 @@ constexpr int choiceHeight = 50;
 
 }  // namespace
 
-StudyDialog::StudyDialog(const Content& content, QWidget* parent)
-    : QDialog(parent), texts_(new QScrollArea(this)), choices_(makeColumn(choiceGap)) {
+StudyDialog::StudyDialog(const Content& content, QWidget* asker)
+    : QDialog(asker), texts_(new QScrollArea(this)), choices_(makeColumn(choiceGap)) {
   setAttribute(Qt::WA_DeleteOnClose);
+  asker->installEventFilter(this);
   setWindowModality(Qt::WindowModal);
   setWindowTitle(content.title);
   setAccessibleName(content.title);
@@ -90,6 +91,12 @@ void StudyDialog::reject() {
   if (safeAction_) safeAction_();
 }
 
+bool StudyDialog::eventFilter(QObject* watched, QEvent* event) {
+  // A window that is minimized comes back with its question: that is a spontaneous event.
+  if (watched == parent() && event->type() == QEvent::Hide && !event->spontaneous()) done(Rejected);
+  return QDialog::eventFilter(watched, event);
+}
+
 void StudyDialog::showEvent(QShowEvent* event) {
   fitTheScreen();
   QDialog::showEvent(event);
@@ -105,9 +112,7 @@ void StudyDialog::keyPressEvent(QKeyEvent* event) {
 
 void StudyDialog::fitTheScreen() {
   constexpr int comfortableWidth = 480;
-  /// What the window manager puts around a window.
-  constexpr QSize decoration(16, 48);
-  const QSize room = screen()->availableGeometry().size() - decoration;
+  const QSize room = roomOnScreen(*this);
   const int width = std::min(comfortableWidth, room.width());
   const int wanted = texts_->widget()->layout()->totalHeightForWidth(width - 2 * edge);
   const int rest = 2 * edge + choiceGap + choices_->sizeHint().height();

@@ -10,10 +10,11 @@ class QVBoxLayout;
 
 namespace mirvane {
 
-/// A question or a message of the study over one of its windows. Its choices stand one above the
-/// other, large and far enough apart for a hand that trembles. It is no larger than the screen: a
-/// long text scrolls, and the choices stay. `open()` shows it over its parent; closed, it deletes
-/// itself.
+/// A question or a message of the study, asked by a part of one of its windows: it is shown over
+/// that window, and goes away, with nothing chosen, when that part is no longer shown. Its choices
+/// stand one above the other, large and far enough apart for a hand that trembles. It is no larger
+/// than the screen: a long text scrolls, and the choices stay. `open()` shows it over its parent;
+/// closed, it deletes itself.
 class StudyDialog : public QDialog {
   Q_OBJECT
 
@@ -29,7 +30,7 @@ class StudyDialog : public QDialog {
     other
   };
 
-  explicit StudyDialog(const Content& content, QWidget* parent = nullptr);
+  StudyDialog(const Content& content, QWidget* asker);
 
   /// Adds a button below those there are; answers it, for its object name. `action` runs once the
   /// dialog is closed, and may be empty. One choice at most is the safe one.
@@ -37,6 +38,7 @@ class StudyDialog : public QDialog {
                              std::function<void()> action = {});
 
   void reject() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  protected:
   void showEvent(QShowEvent* event) override;
