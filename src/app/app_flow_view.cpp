@@ -170,8 +170,8 @@ QWidget* AppFlowView::makeSession(int number) {
 
 QWidget* AppFlowView::makeResults() {
   return new ResultsView({makeSnapshot(1), makeSnapshot(2), services_.study.contactAddress,
-                          services_.savePanel, services_.files, services_.clock,
-                          [this] { keeping_.forget(); }});
+                          services_.savePanel, services_.workspace, services_.files,
+                          services_.clock, [this] { keeping_.forget(); }});
 }
 
 SessionSnapshot AppFlowView::makeSnapshot(int number) const {

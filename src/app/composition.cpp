@@ -1,5 +1,9 @@
 #include "app/composition.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
 #include "platform/linux/state_journal_file.h"
 #include "version/program_version.h"
 
@@ -11,6 +15,12 @@ OverriddenDefaults::Values valuesForSessions(const StudyConfiguration& study) {
   return {{UserSettings::autoCorrectionKey, {false}}};
 }
 
+/// The home folder where there is none.
+std::filesystem::path documentsFolder() {
+  const auto documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return (QFileInfo(documents).isDir() ? documents : QDir::homePath()).toStdString();
+}
+
 }  // namespace
 
 Composition::Composition(const StudyConfiguration& study, const Bundle& bundle)
@@ -19,6 +29,7 @@ Composition::Composition(const StudyConfiguration& study, const Bundle& bundle)
       workspace_(others_.get()),
       accessibility_(others_.get()),
       keyEventPoster_(tasks_, others_.get()),
+      savePanel_(nativeSavePanel_, documentsFolder()),
       defaults_(files_, JsonUserDefaults::standardPath()),
       config_(loadTypingConfig(bundle)),
       sessionDefaults_(defaults_, valuesForSessions(study)),

@@ -8,17 +8,18 @@
 #include "platform/journal_file.h"
 #include "platform/linux/json_user_defaults.h"
 #include "platform/linux/other_applications.h"
+#include "platform/linux/portal_save_panel.h"
 #include "platform/linux/posix_file_system.h"
 #include "platform/linux/qt_accessibility.h"
 #include "platform/linux/qt_event_monitors.h"
 #include "platform/linux/qt_key_event_poster.h"
-#include "platform/linux/qt_save_panel.h"
 #include "platform/linux/qt_task_queue.h"
 #include "platform/linux/qt_workspace.h"
 #include "platform/linux/system_clock.h"
 #include "recording/study_recording.h"
 #include "session/correction_engine.h"
 #include "suggest/suggestion_engine.h"
+#include "views/study_save_panel.h"
 
 namespace mirvane {
 
@@ -62,7 +63,8 @@ class Composition {
   QtWorkspace workspace_;
   QtAccessibility accessibility_;
   QtKeyEventPoster keyEventPoster_;
-  QtSavePanel savePanel_;
+  PortalSavePanel nativeSavePanel_;
+  StudySavePanel savePanel_;
   PosixFileSystem files_;
   JsonUserDefaults defaults_;
   const TypingConfig config_;

@@ -1,5 +1,6 @@
 #include "views/results_view.h"
 
+#include <QUrl>
 #include <utility>
 
 #include "files/whole_file.h"
@@ -8,6 +9,7 @@
 #include "views/announcer.h"
 #include "views/badge.h"
 #include "views/bar.h"
+#include "views/bordered_button.h"
 #include "views/divider.h"
 #include "views/first_focus.h"
 #include "views/layouts.h"
@@ -22,6 +24,12 @@
 
 namespace mirvane {
 namespace {
+
+/// Lets a part of the text be selected and copied, by pointer and by key.
+void makeCopyable(QLabel& label) {
+  label.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  label.setFocusPolicy(Qt::StrongFocus);
+}
 
 std::string suggestedFileName(Clock::DateTime now) {
   QString time = QString::fromStdString(text::iso8601(now));
@@ -40,6 +48,7 @@ ResultsView::ResultsView(Inputs inputs, QWidget* parent)
     : QWidget(parent), inputs_(std::move(inputs)) {
   auto* const scroll = new ScrollColumn(14, this);
   scroll->column().addWidget(makeCompletionCard());
+  scroll->column().addWidget(makeSavedPlace());
   scroll->column().addStretch(1);
 
   saveButton_ = new MirvanePrimaryButton(
@@ -88,11 +97,41 @@ QWidget* ResultsView::makeCompletionCard() {
       theme::Tone::secondary);
   column->addSpacing(12);
   add(tr("Next steps"), 14, QFont::DemiBold, theme::Tone::primary)->setHeading();
-  add(sendingInstruction(inputs_.contactAddress), 13, QFont::Normal, theme::Tone::secondary);
+  auto* const instruction =
+      add(sendingInstruction(inputs_.contactAddress), 13, QFont::Normal, theme::Tone::secondary);
+  instruction->setObjectName(QStringLiteral("emailInstruction"));
+  makeCopyable(*instruction);
   add(tr("The file is used only for improving Mirvane. We will notify you before any public "
          "release or data sharing."),
       13, QFont::Normal, theme::Tone::secondary);
   return card;
+}
+
+QWidget* ResultsView::makeSavedPlace() {
+  savedPlace_ = new QWidget(this);
+  savedLabel_ = new TextLabel({}, 13, QFont::Normal, theme::Tone::primary, savedPlace_);
+  savedLabel_->setObjectName(QStringLiteral("savedPlace"));
+  makeCopyable(*savedLabel_);
+  openFailure_ = new TextLabel(tr("The folder could not be opened."), 13, QFont::Normal,
+                               theme::Tone::warning, savedPlace_);
+  openFailure_->hide();
+  auto* const open = new BorderedButton(tr("Open Folder"), {}, savedPlace_);
+  open->setObjectName(QStringLiteral("openFolderButton"));
+  connect(open, &QPushButton::clicked, this, &ResultsView::openFolder);
+  auto* const texts = makeColumn(4);
+  texts->addWidget(savedLabel_);
+  texts->addWidget(openFailure_);
+  auto* const row = makeRow(16, savedPlace_);
+  row->addLayout(texts, 1);
+  row->addWidget(open, 0, Qt::AlignTop);
+  savedPlace_->hide();
+  return savedPlace_;
+}
+
+void ResultsView::openFolder() {
+  const auto folder = QString::fromStdString(savedPath_.parent_path().string());
+  const auto url = QUrl::fromLocalFile(folder).toString(QUrl::FullyEncoded);
+  openFailure_->setVisible(!inputs_.workspace.openUrl(url.toStdString()));
 }
 
 void ResultsView::save() {
@@ -104,7 +143,7 @@ void ResultsView::save() {
   if (const auto failure = writeWholeFile(inputs_.files, *path, report)) {
     showSaveError(QString::fromLocal8Bit(failure.message().c_str()));
   } else {
-    showSaved();
+    showSaved(*path);
     if (inputs_.onSaved) inputs_.onSaved();
   }
 }
@@ -119,9 +158,13 @@ void ResultsView::showSaveError(const QString& message) {
   alert->open();
 }
 
-void ResultsView::showSaved() {
+void ResultsView::showSaved(const std::filesystem::path& path) {
   saveButton_->setLabel(tr("Saved ✓"), QStringLiteral("checkmark.circle.fill"),
                         theme::savedGreen());
+  savedPath_ = path;
+  savedLabel_->setText(tr("The result is saved as %1").arg(QString::fromStdString(path.string())));
+  openFailure_->hide();
+  savedPlace_->show();
 }
 
 }  // namespace mirvane

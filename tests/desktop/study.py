@@ -146,6 +146,7 @@ class Study(Program):
         self.keyboard.chord(37, "a")
         self.keyboard.type(path)
         wait_for(lambda: self.focused_field() == path, f"'{path}' in the save panel")
+        self.await_enabled("Cancel")
         self.keyboard.type("\r")
 
     def end_session(self, button):

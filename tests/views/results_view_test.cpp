@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QClipboard>
 #include <QFile>
+#include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include "tests/views/study_world.h"
 #include "views/study_dialog.h"
@@ -36,7 +40,8 @@ class Results : public ::testing::Test {
   QTemporaryDir folder;
   StudyWorld world;
   ResultsView view{{snapshotOf(1), snapshotOf(2), QStringLiteral("team@study.example"),
-                    world.savePanel, world.files, world.desktop.clock()}};
+                    world.savePanel, world.desktop.workspace(), world.files,
+                    world.desktop.clock()}};
   QPushButton& button = part<QPushButton>(view, "saveButton");
 };
 
@@ -76,6 +81,31 @@ TEST_F(Results, SavesAsOftenAsAsked) {
   save("two.txt");
   EXPECT_TRUE(saved("one.txt").startsWith("MirvaneTest — Session Results\n"));
   EXPECT_EQ(saved("one.txt"), saved("two.txt"));
+}
+
+TEST_F(Results, SaysWhereTheFileIsAndOpensItsFolder) {
+  EXPECT_FALSE(part<QWidget>(view, "openFolderButton").isVisible());
+  save("my file.txt");
+  EXPECT_EQ(part<QLabel>(view, "savedPlace").text(),
+            "The result is saved as " + folder.filePath("my file.txt"));
+  auto& open = part<QPushButton>(view, "openFolderButton");
+  ASSERT_TRUE(open.isVisible());
+  open.click();
+  EXPECT_EQ(world.desktop.workspace().openedUrls(),
+            std::vector<std::string>{"file://" + folder.path().toStdString()});
+  EXPECT_FALSE(shownTexts(view).contains("The folder could not be opened."));
+  world.desktop.workspace().setCannotOpenUrls(true);
+  open.click();
+  EXPECT_TRUE(shownTexts(view).contains("The folder could not be opened."));
+}
+
+TEST_F(Results, LetsTheAddressBeCopiedByKey) {
+  auto& label = part<QLabel>(view, "emailInstruction");
+  EXPECT_TRUE(label.focusPolicy() & Qt::TabFocus);
+  label.setFocus();
+  QTest::keyClick(&label, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(&label, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(QApplication::clipboard()->text().contains("team@study.example"));
 }
 
 TEST_F(Results, AlertsToAFailedWriteAndKeepsItsLook) {
