@@ -11,9 +11,11 @@
 #include "app/command_line.h"
 #include "app/composition.h"
 #include "app/study_configuration.h"
+#include "platform/linux/appearance_portal.h"
 #include "platform/linux/resource_bundle.h"
 #include "views/accessible_parts.h"
 #include "views/mirvane_logo.h"
+#include "views/palette_choice.h"
 #include "views/study_problem_view.h"
 #include "views/theme.h"
 
@@ -63,6 +65,14 @@ void setFont() {
   QFont font = QApplication::font();
   font.setFamily(inter);
   QApplication::setFont(font);
+}
+
+void follow(const mirvane::Appearance& wanted) {
+  // The desktop's own palette comes to light when none is set over it.
+  QApplication::setPalette(QPalette());
+  if (const auto palette = mirvane::chosenPalette(QApplication::palette(), wanted)) {
+    QApplication::setPalette(*palette);
+  }
 }
 
 QIcon makeIcon() {
@@ -136,6 +146,8 @@ int main(int argc, char** argv) {
   // A steady caret is easier to find, and an idle study sleeps.
   QApplication::setCursorFlashTime(0);
   QApplication::setWindowIcon(makeIcon());
+
+  const mirvane::AppearancePortal appearance(follow);
 
   const mirvane::ResourceBundle resources(mirvane::standardResourceFolder());
   const auto study = mirvane::loadStudy(resources, call->studyFile, call->participant);
