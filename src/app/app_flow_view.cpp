@@ -1,8 +1,10 @@
 #include "app/app_flow_view.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QPlainTextEdit>
 
+#include "app/closing.h"
 #include "capture/cycle_key_monitor.h"
 #include "text/date_format.h"
 #include "views/accessibility_required_gate_view.h"
@@ -43,6 +45,8 @@ QString nameOf(std::int64_t step) {
 AppFlowView::AppFlowView(const Services& services, QWidget* parent)
     : QWidget(parent),
       services_(services),
+      saver_({services.study.contactAddress, services.savePanel, services.files, services.clock,
+              [this] { noteSaved(); }}),
       engine1_(services.engine),
       engine2_(services.engine),
       keeping_({services.monitors, services.tasks, services.clock}, headerOf(services),
@@ -52,8 +56,10 @@ AppFlowView::AppFlowView(const Services& services, QWidget* parent)
   constexpr QSize minimumFrame(760, 600);
   keepOnScreen(*this, minimumFrame);
   makeStudy();
-  studyOrGate_->addWidget(new AccessibilityRequiredGateView(
-      services_.accessibility, services_.workspace, services_.otherPrograms, theme::deep(), this));
+  gate_ = new AccessibilityRequiredGateView(
+      services_.accessibility, services_.workspace, services_.otherPrograms, theme::deep(),
+      [this] { save(); }, this);
+  studyOrGate_->addWidget(gate_);
   showStudyOrGate();
   refreshTimer_.setTimerType(Qt::CoarseTimer);
   connect(&refreshTimer_, &QTimer::timeout, this, &AppFlowView::pollPermission);
@@ -68,7 +74,8 @@ AppFlowView::AppFlowView(const Services& services, QWidget* parent)
 }
 
 AppFlowView::~AppFlowView() {
-  // The screens use the engines, which are members: they go first.
+  // The screens use the engines, which are members: they go first. Hidden, they stop watching keys.
+  screen_->hide();
   delete screen_;
   removeCycleKeyMonitor(services_.monitors, cycleKeyMonitor_);
 }
@@ -169,9 +176,8 @@ QWidget* AppFlowView::makeSession(int number) {
 }
 
 QWidget* AppFlowView::makeResults() {
-  return new ResultsView({makeSnapshot(1), makeSnapshot(2), services_.study.contactAddress,
-                          services_.savePanel, services_.workspace, services_.files,
-                          services_.clock, [this] { keeping_.forget(); }});
+  results_ = new ResultsView({makeSnapshot(1), makeSnapshot(2), saver_, services_.workspace});
+  return results_;
 }
 
 SessionSnapshot AppFlowView::makeSnapshot(int number) const {
@@ -192,7 +198,69 @@ void AppFlowView::pollPermission() {
 void AppFlowView::showStudyOrGate() {
   constexpr int studyIndex = 0;
   constexpr int gateIndex = 1;
-  studyOrGate_->setCurrentIndex(hasAccessibilityAccess_ ? studyIndex : gateIndex);
+  gate_->setOffersSaving(canSave());
+  studyOrGate_->setCurrentIndex(isGateShown() ? gateIndex : studyIndex);
+  if (isGateShown()) gate_->setFocus();
+}
+
+StudyTyping AppFlowView::typing() const {
+  return {{{{engine1_.measurements().keystrokeCount, *typedText1_},
+            {engine2_.measurements().keystrokeCount, *typedText2_}}}};
+}
+
+void AppFlowView::noteSaved() {
+  savedTyping_ = typing();
+  // Saved behind the gate, in the middle of a session, the study may still go on.
+  if (step_ == AppStep::results) keeping_.forget();
+}
+
+bool AppFlowView::canSave() const {
+  return offersSaving(step_, isGateShown(), typing() != StudyTyping{});
+}
+
+void AppFlowView::closeEvent(QCloseEvent* event) {
+  const auto closing = closingOf({isUnsaved(typing(), savedTyping_), isEnding_});
+  event->setAccepted(closing == Closing::atOnce);
+  if (closing == Closing::afterQuestion) askBeforeClosing();
+}
+
+void AppFlowView::askBeforeClosing() {
+  // Answered, it is deleted a little later.
+  if (question_ != nullptr && question_->isVisible()) return;
+  question_ = makeClosingQuestion();
+  question_->open();
+  guardPresses(*question_);
+}
+
+StudyDialog* AppFlowView::makeClosingQuestion() {
+  using Role = StudyDialog::ChoiceRole;
+  auto* const question = new StudyDialog(
+      {QStringLiteral("exclamationmark.triangle.fill"), tr("Your typing has not been saved yet."),
+       canSave() ? tr("You can save it now, or stay and save it later.")
+                 : tr("Stay to go on with the study.")},
+      this);
+  question->setObjectName(QStringLiteral("closingQuestion"));
+  question->addChoice(tr("Stay"), Role::safe);
+  if (canSave()) question->addChoice(tr("Save Results…"), Role::other, [this] { save(); });
+  question->addChoice(tr("Close Without Saving"), Role::other, [this] { closeWithoutSaving(); });
+  return question;
+}
+
+void AppFlowView::closeWithoutSaving() {
+  isEnding_ = true;
+  close();
+}
+
+void AppFlowView::prepareForEnd() {
+  isEnding_ = true;
+}
+
+void AppFlowView::save() {
+  if (results_ != nullptr) {
+    results_->save();
+  } else {
+    saver_.save(makeSnapshot(1), makeSnapshot(2), *this);
+  }
 }
 
 }  // namespace mirvane

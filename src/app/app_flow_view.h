@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QStackedLayout>
 #include <QTimer>
 #include <QWidget>
@@ -15,12 +16,17 @@
 #include "session/correction_engine.h"
 #include "session/session_snapshot.h"
 #include "session/study_keeping.h"
+#include "session/study_typing.h"
 #include "views/app_step.h"
 #include "views/other_programs_notice.h"
+#include "views/report_saver.h"
 
 namespace mirvane {
 
+class AccessibilityRequiredGateView;
 class MirvaneStepSidebar;
+class ResultsView;
+class StudyDialog;
 
 /// The root view: leads through the steps of the study, or shows the gate while accessibility is
 /// not allowed. Owns what outlives a single screen: the engines and texts of the two sessions and
@@ -59,6 +65,14 @@ class AppFlowView : public QWidget {
   /// Goes to the next step; stays at the last. There is no way back.
   void advance();
 
+  /// To be called when the system ends the program: the window closes without a question then, for
+  /// nobody may be there to answer, or time be left.
+  void prepareForEnd();
+
+ protected:
+  /// Asks first while something has been typed that is not saved.
+  void closeEvent(QCloseEvent* event) override;
+
  private:
   void makeStudy();
   void showStep();
@@ -78,7 +92,17 @@ class AppFlowView : public QWidget {
   void pollPermission();
   void showStudyOrGate();
 
+  [[nodiscard]] StudyTyping typing() const;
+  [[nodiscard]] bool isGateShown() const { return !hasAccessibilityAccess_; }
+  [[nodiscard]] bool canSave() const;
+  void noteSaved();
+  void askBeforeClosing();
+  [[nodiscard]] StudyDialog* makeClosingQuestion();
+  void closeWithoutSaving();
+  void save();
+
   Services services_;
+  ReportSaver saver_;
   AppStep step_ = AppStep::intro;
   CorrectionEngine engine1_;
   CorrectionEngine engine2_;
@@ -88,11 +112,16 @@ class AppFlowView : public QWidget {
   QTimer keepTimer_;
   std::optional<MonitorHandle> cycleKeyMonitor_;
   bool hasAccessibilityAccess_;
+  StudyTyping savedTyping_;  ///< what the last report holds
+  bool isEnding_ = false;
+  QPointer<StudyDialog> question_;  ///< whether to close
   QTimer refreshTimer_;
   QStackedLayout* studyOrGate_;
   MirvaneStepSidebar* sidebar_ = nullptr;
   QBoxLayout* study_ = nullptr;
   QWidget* screen_ = nullptr;
+  ResultsView* results_ = nullptr;  ///< the screen once it is that of the results
+  AccessibilityRequiredGateView* gate_ = nullptr;
 };
 
 }  // namespace mirvane

@@ -2,6 +2,7 @@
 #include <QFontDatabase>
 #include <QIcon>
 #include <QPainter>
+#include <chrono>
 #include <iostream>
 #include <optional>
 #include <string>
@@ -10,6 +11,7 @@
 #include "app/app_flow_view.h"
 #include "app/command_line.h"
 #include "app/composition.h"
+#include "app/program_end.h"
 #include "app/study_configuration.h"
 #include "platform/linux/appearance_portal.h"
 #include "platform/linux/resource_bundle.h"
@@ -119,6 +121,9 @@ int runStudy(const mirvane::LoadedStudy& study, const mirvane::Bundle& bundle) {
                                           : mirvane::OtherPrograms::leftAlone,
        study.warnings, composition.studyHeader(), composition.journal(study.configuration)});
   window.resize(window.minimumSize());
+  const mirvane::ProgramEnd end(
+      {[&window] { static_cast<void>(window.keeping().flush(std::chrono::seconds(1))); },
+       [&window] { window.prepareForEnd(); }});
   return show(window);
 }
 

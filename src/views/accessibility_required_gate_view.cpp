@@ -19,18 +19,23 @@ TextLabel* centred(TextLabel* label) {
 
 }  // namespace
 
-AccessibilityRequiredGateView::AccessibilityRequiredGateView(Accessibility& accessibility,
-                                                             Workspace& workspace,
-                                                             OtherPrograms otherPrograms,
-                                                             const QColor& deep, QWidget* parent)
+AccessibilityRequiredGateView::AccessibilityRequiredGateView(
+    Accessibility& accessibility, Workspace& workspace, OtherPrograms otherPrograms,
+    const QColor& deep, std::function<void()> onSave, QWidget* parent)
     : QWidget(parent),
       accessibility_(accessibility),
       workspace_(workspace),
       otherPrograms_(otherPrograms),
       settingsFailure_(new TextLabel(
           tr("This desktop offers no accessibility settings to open. Choose Allow instead."), 13,
-          QFont::Normal, theme::Tone::warning, this)) {
+          QFont::Normal, theme::Tone::warning, this)),
+      saveButton_(new BorderedButton(tr("Save Results…"), {}, this)) {
+  setAccessibleName(tr("Accessibility required"));
   settingsFailure_->hide();
+  saveButton_->setObjectName(QStringLiteral("gateSaveButton"));
+  saveButton_->setAccessibleDescription(tr("Asks where to save what has been typed so far"));
+  saveButton_->hide();
+  connect(saveButton_, &QPushButton::clicked, this, std::move(onSave));
   auto* const texts = makeColumn(6);
   texts->addWidget(centred(
       new TextLabel(tr("Accessibility required"), 18, QFont::Bold, theme::Tone::primary, this)));
@@ -45,6 +50,7 @@ AccessibilityRequiredGateView::AccessibilityRequiredGateView(Accessibility& acce
   column->addLayout(texts);
   column->addWidget(makeButtons(deep), 0, Qt::AlignHCenter);
   column->addWidget(centred(settingsFailure_));
+  column->addWidget(saveButton_, 0, Qt::AlignHCenter);
   column->addStretch(1);
 }
 
@@ -92,6 +98,10 @@ void AccessibilityRequiredGateView::explainFailure(const std::string& reason) {
   dialog->setObjectName(QStringLiteral("trustFailureDialog"));
   dialog->addChoice(tr("OK"), StudyDialog::ChoiceRole::safe);
   dialog->open();
+}
+
+void AccessibilityRequiredGateView::setOffersSaving(bool offersSaving) {
+  saveButton_->setVisible(offersSaving);
 }
 
 void AccessibilityRequiredGateView::openSettings() {

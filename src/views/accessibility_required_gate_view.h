@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 
 #include "platform/accessibility.h"
 #include "platform/workspace.h"
@@ -9,18 +10,24 @@
 
 namespace mirvane {
 
+class BorderedButton;
 class StudyDialog;
 class TextLabel;
 
 /// Shown instead of the study while the application may not use accessibility: asks for the
-/// permission or leads to the desktop's settings. What it asks goes away with it.
+/// permission or leads to the desktop's settings. What it asks goes away with it. What has been
+/// typed can be saved from here, should the permission never come. It takes the focus itself, and
+/// none of its buttons does: the next key may be meant for the field that was there a moment ago.
 class AccessibilityRequiredGateView : public QWidget, private TrustPrompt {
   Q_OBJECT
 
  public:
   AccessibilityRequiredGateView(Accessibility& accessibility, Workspace& workspace,
                                 OtherPrograms otherPrograms, const QColor& deep,
-                                QWidget* parent = nullptr);
+                                std::function<void()> onSave, QWidget* parent = nullptr);
+
+  /// Whether there are results to be saved.
+  void setOffersSaving(bool offersSaving);
 
  private:
   void ask(Grant grant) override;
@@ -33,6 +40,7 @@ class AccessibilityRequiredGateView : public QWidget, private TrustPrompt {
   OtherPrograms otherPrograms_;
   QPointer<StudyDialog> consent_;
   TextLabel* settingsFailure_;
+  BorderedButton* saveButton_;
 };
 
 }  // namespace mirvane

@@ -3,9 +3,6 @@
 #include <QUrl>
 #include <utility>
 
-#include "files/whole_file.h"
-#include "session/results_report.h"
-#include "text/date_format.h"
 #include "views/announcer.h"
 #include "views/badge.h"
 #include "views/bar.h"
@@ -18,7 +15,6 @@
 #include "views/rounded_card.h"
 #include "views/scroll_column.h"
 #include "views/scroll_keys.h"
-#include "views/study_dialog.h"
 #include "views/text_label.h"
 #include "views/theme.h"
 
@@ -29,11 +25,6 @@ namespace {
 void makeCopyable(QLabel& label) {
   label.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   label.setFocusPolicy(Qt::StrongFocus);
-}
-
-std::string suggestedFileName(Clock::DateTime now) {
-  QString time = QString::fromStdString(text::iso8601(now));
-  return QStringLiteral("MirvaneTest_%1.txt").arg(time.replace(u':', u'-')).toStdString();
 }
 
 /// What is left to do, as the screen shows it and says it.
@@ -71,7 +62,7 @@ ResultsView::ResultsView(Inputs inputs, QWidget* parent)
 
   auto* const announcer = new Announcer(this, Announcer::afterTheFocus);
   announcer->announcements().say(tr("Test Complete"));
-  announcer->announcements().say(sendingInstruction(inputs_.contactAddress));
+  announcer->announcements().say(sendingInstruction(inputs_.saver.contactAddress()));
 }
 
 QWidget* ResultsView::makeCompletionCard() {
@@ -97,8 +88,8 @@ QWidget* ResultsView::makeCompletionCard() {
       theme::Tone::secondary);
   column->addSpacing(12);
   add(tr("Next steps"), 14, QFont::DemiBold, theme::Tone::primary)->setHeading();
-  auto* const instruction =
-      add(sendingInstruction(inputs_.contactAddress), 13, QFont::Normal, theme::Tone::secondary);
+  auto* const instruction = add(sendingInstruction(inputs_.saver.contactAddress()), 13,
+                                QFont::Normal, theme::Tone::secondary);
   instruction->setObjectName(QStringLiteral("emailInstruction"));
   makeCopyable(*instruction);
   add(tr("The file is used only for improving Mirvane. We will notify you before any public "
@@ -135,27 +126,7 @@ void ResultsView::openFolder() {
 }
 
 void ResultsView::save() {
-  const auto path = inputs_.savePanel.run(
-      {suggestedFileName(inputs_.clock.now()), tr("Save").toStdString(),
-       tr("Save result and send to %1").arg(inputs_.contactAddress).toStdString()});
-  if (!path) return;
-  const auto report = resultsReportText(inputs_.snap1, inputs_.snap2, inputs_.clock.now());
-  if (const auto failure = writeWholeFile(inputs_.files, *path, report)) {
-    showSaveError(QString::fromLocal8Bit(failure.message().c_str()));
-  } else {
-    showSaved(*path);
-    if (inputs_.onSaved) inputs_.onSaved();
-  }
-}
-
-void ResultsView::showSaveError(const QString& message) {
-  auto* const alert = new StudyDialog(
-      {QStringLiteral("exclamationmark.triangle.fill"), tr("Could not save result file"),
-       message.isEmpty() ? tr("Unknown error") : message},
-      this);
-  alert->setObjectName(QStringLiteral("saveErrorAlert"));
-  alert->addChoice(tr("OK"), StudyDialog::ChoiceRole::safe);
-  alert->open();
+  if (const auto path = inputs_.saver.save(inputs_.snap1, inputs_.snap2, *this)) showSaved(*path);
 }
 
 void ResultsView::showSaved(const std::filesystem::path& path) {

@@ -2,13 +2,10 @@
 
 #include <QWidget>
 #include <filesystem>
-#include <functional>
 
-#include "platform/clock.h"
-#include "platform/file_system.h"
-#include "platform/save_panel.h"
 #include "platform/workspace.h"
 #include "session/session_snapshot.h"
+#include "views/report_saver.h"
 
 namespace mirvane {
 
@@ -24,20 +21,17 @@ class ResultsView : public QWidget {
   struct Inputs {
     SessionSnapshot snap1;
     SessionSnapshot snap2;
-    QString contactAddress;  ///< of the study team
-    SavePanel& savePanel;
+    ReportSaver saver;
     Workspace& workspace;
-    FileSystem& files;
-    const Clock& clock;
-    std::function<void()> onSaved = {};  ///< may be empty
   };
 
   explicit ResultsView(Inputs inputs, QWidget* parent = nullptr);
 
+  /// Asks where to save the report, and shows what comes of it.
+  void save();
+
  private:
   [[nodiscard]] QWidget* makeCompletionCard();
-  void save();
-  void showSaveError(const QString& message);
   [[nodiscard]] QWidget* makeSavedPlace();
   void showSaved(const std::filesystem::path& path);
   void openFolder();

@@ -41,7 +41,7 @@ class Gate : public ::testing::Test {
 
   StudyWorld world;
   AccessibilityRequiredGateView gate{world.desktop.accessibility(), world.desktop.workspace(),
-                                     OtherPrograms::watched, theme::deep()};
+                                     OtherPrograms::watched, theme::deep(), [] {}};
 };
 
 TEST_F(Gate, AsksInPlainWordsAndTakesAYes) {

@@ -39,9 +39,10 @@ class Results : public ::testing::Test {
 
   QTemporaryDir folder;
   StudyWorld world;
-  ResultsView view{{snapshotOf(1), snapshotOf(2), QStringLiteral("team@study.example"),
-                    world.savePanel, world.desktop.workspace(), world.files,
-                    world.desktop.clock()}};
+  ResultsView view{{snapshotOf(1), snapshotOf(2),
+                    ReportSaver({QStringLiteral("team@study.example"), world.savePanel, world.files,
+                                 world.desktop.clock()}),
+                    world.desktop.workspace()}};
   QPushButton& button = part<QPushButton>(view, "saveButton");
 };
 
