@@ -31,10 +31,11 @@ def accessibility():
 class Study(Program):
     """One run of the study. Elements are found by their accessible names."""
 
-    def __init__(self, environment=None, arguments=()):
+    def __init__(self, environment=None, arguments=(), inside=()):
+        """`inside` is a command that puts itself in the place of the one that follows it."""
         self.keyboard = Keyboard()
         self._clicked = 0.0  # when, on the monotonic clock
-        super().__init__([os.path.join(BUILD, "mirvanetest"), *arguments], environment)
+        super().__init__([*inside, os.path.join(BUILD, "mirvanetest"), *arguments], environment)
         self.await_tree()
 
     def is_enabled(self, name):
