@@ -14,15 +14,10 @@
 namespace mirvane {
 namespace {
 
+/// Longer than any word of a dictionary: a key that was held down.
+constexpr std::size_t longestWord = 128;
 constexpr std::size_t longestWordForInsertions = 8;
 constexpr std::size_t longestWordForVowelPairs = 6;
-
-bool hasOnlyAsciiLettersAndApostrophes(std::string_view word) {
-  return std::all_of(word.begin(), word.end(), [](char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return byte < 0x80 && (text::isLetter(byte) || byte == '\'');
-  });
-}
 
 bool holdsVowel(std::string_view word) {
   const auto characters = text::characters(word);
@@ -35,16 +30,25 @@ bool isPossessive(std::string_view text) {
 
 }  // namespace
 
-std::vector<std::string> CandidateGeneration::generateCandidates(std::string_view word) const {
-  if (word.empty() || !hasOnlyAsciiLettersAndApostrophes(word)) return {};
-  const auto variants = repeatCollapseVariants(word);
+bool CandidateGeneration::mayHaveCandidates(std::string_view word) {
+  return !word.empty() && std::all_of(word.begin(), word.end(), [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x80 && (text::isLetter(byte) || byte == '\'');
+  });
+}
+
+std::vector<std::string> CandidateGeneration::generateCandidates(
+    std::string_view word, const std::vector<std::string>& variants) const {
+  if (!mayHaveCandidates(word)) return {};
   UniqueTexts found;
   for (const auto& variant : variants) {
+    if (variant.size() > longestWord) continue;
     auto lower = text::lowercased(variant);
     if (knownWords_.isKnownWord(lower)) found.add(std::move(lower));
     for (auto& suggestion : spellCheckerSuggestions(variant)) found.add(std::move(suggestion));
   }
   for (const auto& variant : variants) {
+    if (variant.size() > longestWord) continue;
     for (auto& edit : editCandidates(variant)) found.add(std::move(edit));
   }
   auto candidates = found.take();

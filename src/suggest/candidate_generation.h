@@ -7,6 +7,7 @@
 #include "platform/spell_checker.h"
 #include "suggest/known_words.h"
 #include "suggest/nearby_keys.h"
+#include "suggest/repeat_variants.h"
 
 namespace mirvane {
 
@@ -17,10 +18,17 @@ class CandidateGeneration {
                       const NearbyKeys& nearbyKeys)
       : spellChecker_(spellChecker), knownWords_(knownWords), nearbyKeys_(nearbyKeys) {}
 
+  /// Whether a word is of ASCII letters and apostrophes alone; no other has candidates.
+  [[nodiscard]] static bool mayHaveCandidates(std::string_view word);
+
   /// Distinct known words that may be suggested, in order of discovery; the lower-cased word itself
-  /// comes first when it is known. Empty for a word that holds anything but ASCII letters and
-  /// apostrophes.
-  [[nodiscard]] std::vector<std::string> generateCandidates(std::string_view word) const;
+  /// comes first when it is known. `variants` are the word's repeatCollapseVariants; those of more
+  /// than 128 letters are no words and are not looked up.
+  [[nodiscard]] std::vector<std::string> generateCandidates(
+      std::string_view word, const std::vector<std::string>& variants) const;
+  [[nodiscard]] std::vector<std::string> generateCandidates(std::string_view word) const {
+    return generateCandidates(word, repeatCollapseVariants(word));
+  }
 
   /// Completions, then guesses, each text once.
   [[nodiscard]] std::vector<std::string> spellCheckerSuggestions(std::string_view word) const;

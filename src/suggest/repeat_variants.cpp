@@ -1,12 +1,19 @@
 #include "suggest/repeat_variants.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <utility>
 
 #include "text/canonical.h"
 #include "text/characters.h"
 
 namespace mirvane {
 namespace {
+
+/// Each choice doubles the number of variants. No English word typed with a tremor comes near so
+/// many; a hand resting on the keyboard does.
+constexpr std::size_t mostCombinedChoices = 8;
 
 struct Run {
   std::string_view character;
@@ -30,37 +37,48 @@ bool isCommonlyDoubledLetter(std::string_view character) {
   return character.size() == 1 && commonlyDoubledLetters.find(character) != std::string_view::npos;
 }
 
-/// Appends every expansion of the runs from `next` on to `prefix`, single before double.
-void expand(const std::vector<Run>& runs, std::size_t next, std::string& prefix,
-            std::vector<std::string>& expansions) {
-  if (next == runs.size()) {
-    expansions.push_back(prefix);
-    return;
+/// A run that may have been meant once or twice.
+bool hasChoice(const Run& run) {
+  return run.count > 2 || (run.count == 2 && !isCommonlyDoubledLetter(run.character));
+}
+
+/// The word with every run brought down to one or two; `isDoubled` is asked about each run that has
+/// a choice, from the left.
+template <typename IsDoubled>
+std::string expansion(const std::vector<Run>& runs, IsDoubled isDoubled) {
+  std::string text;
+  for (const auto& run : runs) {
+    const bool isTwice = hasChoice(run) ? isDoubled() : run.count == 2;
+    text += run.character;
+    if (isTwice) text += run.character;
   }
-  const auto& [character, count] = runs[next];
-  const std::size_t length = prefix.size();
-  const bool isMeantAsTyped = count == 2 && isCommonlyDoubledLetter(character);
-  prefix += character;
-  if (!isMeantAsTyped) expand(runs, next + 1, prefix, expansions);
-  if (count > 1) {
-    prefix += character;
-    expand(runs, next + 1, prefix, expansions);
+  return text;
+}
+
+/// Every combination of the choices or, when there are too many, only the two extremes; single
+/// before double.
+std::vector<std::string> expansions(const std::vector<Run>& runs) {
+  const auto choices = static_cast<std::size_t>(std::count_if(runs.begin(), runs.end(), hasChoice));
+  if (choices > mostCombinedChoices) {
+    return {expansion(runs, [] { return false; }), expansion(runs, [] { return true; })};
   }
-  prefix.resize(length);
+  std::vector<std::string> texts;
+  const std::uint32_t combinations = std::uint32_t{1} << choices;
+  for (std::uint32_t doubled = 0; doubled < combinations; ++doubled) {
+    std::uint32_t choice = combinations;
+    texts.push_back(expansion(runs, [&] { return (doubled & (choice >>= 1)) != 0; }));
+  }
+  return texts;
 }
 
 }  // namespace
 
 std::vector<std::string> repeatCollapseVariants(std::string_view word) {
   if (word.empty()) return {};
-  std::vector<std::string> expansions;
-  std::string prefix;
-  expand(splitIntoRuns(word), 0, prefix, expansions);
-
   // Different choices never give the same text, so only the word itself can occur again.
   std::vector<std::string> variants{std::string(word)};
-  for (auto& expansion : expansions) {
-    if (!text::canonicallyEqual(expansion, word)) variants.push_back(std::move(expansion));
+  for (auto& text : expansions(splitIntoRuns(word))) {
+    if (!text::canonicallyEqual(text, word)) variants.push_back(std::move(text));
   }
   return variants;
 }

@@ -1,7 +1,9 @@
 #include "suggest/suggestion_engine.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "suggest/repeat_variants.h"
 #include "text/letter_case.h"
 
 namespace mirvane {
@@ -17,12 +19,17 @@ SuggestionEngine::SuggestionEngine(const TypingConfig& config, const UserSetting
 std::vector<std::string> SuggestionEngine::suggestionsFor(std::string_view word,
                                                           const ContextSignals* context,
                                                           const TypingState& state) const {
+  if (!CandidateGeneration::mayHaveCandidates(word)) return {};
+  const auto lower = text::lowercased(word);
+  const auto variants = repeatCollapseVariants(word);
+  auto candidates = candidateGeneration.generateCandidates(word, variants);
   auto ranked = suggestionPriority.rankSuggestions(
-      word, candidateGeneration.generateCandidates(word), context, &state);
+      word, lower == word ? variants : repeatCollapseVariants(lower), std::move(candidates),
+      context, &state);
   const auto itself = std::find_if(ranked.begin(), ranked.end(), [&](const std::string& entry) {
     return text::equalIgnoringCase(entry, word);
   });
-  if (itself != ranked.end() && knownWords.isKnownWord(text::lowercased(word))) {
+  if (itself != ranked.end() && knownWords.isKnownWord(lower)) {
     std::rotate(ranked.begin(), itself, itself + 1);
   }
   return ranked;

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "suggest/character_difference.h"
-#include "suggest/repeat_variants.h"
 #include "suggest/vowels.h"
 #include "text/canonical.h"
 
@@ -38,8 +37,9 @@ double weight(const TypingState* state, double full) {
 
 }  // namespace
 
-RepeatVariantSet::RepeatVariantSet(const ComparedText& word) {
-  for (const auto& variant : repeatCollapseVariants(word.lower())) {
+RepeatVariantSet::RepeatVariantSet(const ComparedText& word,
+                                   const std::vector<std::string>& variants) {
+  for (const auto& variant : variants) {
     if (!text::equalIgnoringCase(variant, word.lower())) variants_.emplace_back(variant);
   }
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <deque>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/keystroke_records.h"
 #include "model/typing_config.h"
@@ -14,7 +16,8 @@ namespace mirvane {
 /// itself.
 class RepeatVariantSet {
  public:
-  explicit RepeatVariantSet(const ComparedText& word);
+  /// `variants` are the repeatCollapseVariants of the word in lower case.
+  RepeatVariantSet(const ComparedText& word, const std::vector<std::string>& variants);
 
   [[nodiscard]] bool contains(const ComparedText& candidate) const;
   [[nodiscard]] const std::deque<ComparedText>& variants() const { return variants_; }

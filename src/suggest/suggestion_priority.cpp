@@ -4,8 +4,6 @@
 #include <numeric>
 #include <utility>
 
-#include "suggest/repeat_variants.h"
-
 namespace mirvane {
 namespace {
 
@@ -13,18 +11,19 @@ constexpr double prefixWeight = 0.35;
 
 }  // namespace
 
-SuggestionPriority::RankedWord::RankedWord(std::string_view word, const KnownWords& knownWords)
+SuggestionPriority::RankedWord::RankedWord(std::string_view word, const KnownWords& knownWords,
+                                           const std::vector<std::string>& lowerVariants)
     : text(word),
       isKnown(knownWords.isKnownWord(text.lower())),
       hasTripleRepeat(mirvane::hasTripleRepeat(text.lower())),
-      repeatVariantSet(text) {}
+      repeatVariantSet(text, lowerVariants) {}
 
-std::vector<std::string> SuggestionPriority::rankSuggestions(std::string_view word,
-                                                             std::vector<std::string> candidates,
-                                                             const ContextSignals* context,
-                                                             const TypingState* state) const {
-  if (word.empty()) return candidates;
-  const RankedWord rankedWord(word, knownWords_);
+std::vector<std::string> SuggestionPriority::rankSuggestions(
+    std::string_view word, const std::vector<std::string>& lowerVariants,
+    std::vector<std::string> candidates, const ContextSignals* context,
+    const TypingState* state) const {
+  if (word.empty() || candidates.empty()) return candidates;
+  const RankedWord rankedWord(word, knownWords_, lowerVariants);
   std::vector<std::pair<double, std::string>> scored;
   scored.reserve(candidates.size());
   for (auto& candidate : candidates) {

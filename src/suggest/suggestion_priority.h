@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "model/keystroke_records.h"
@@ -10,7 +11,9 @@
 #include "suggest/context_signals.h"
 #include "suggest/known_words.h"
 #include "suggest/nearby_keys.h"
+#include "suggest/repeat_variants.h"
 #include "suggest/suggestion_features.h"
+#include "text/letter_case.h"
 
 namespace mirvane {
 
@@ -25,15 +28,26 @@ class SuggestionPriority {
         contextScore_(contextScore) {}
 
   /// The same candidates, best first; equal scores keep their order. `context` and `state` may be
-  /// null: then they have no influence.
+  /// null: then they have no influence. `lowerVariants` are the repeatCollapseVariants of the word
+  /// in lower case.
+  [[nodiscard]] std::vector<std::string> rankSuggestions(
+      std::string_view word, const std::vector<std::string>& lowerVariants,
+      std::vector<std::string> candidates, const ContextSignals* context,
+      const TypingState* state) const;
   [[nodiscard]] std::vector<std::string> rankSuggestions(std::string_view word,
                                                          std::vector<std::string> candidates,
                                                          const ContextSignals* context,
-                                                         const TypingState* state) const;
+                                                         const TypingState* state) const {
+    return rankSuggestions(word, repeatCollapseVariants(text::lowercased(word)),
+                           std::move(candidates), context, state);
+  }
 
   /// A word with what its features need, worked out once for all its candidates.
   struct RankedWord {
-    RankedWord(std::string_view word, const KnownWords& knownWords);
+    RankedWord(std::string_view word, const KnownWords& knownWords,
+               const std::vector<std::string>& lowerVariants);
+    RankedWord(std::string_view word, const KnownWords& knownWords)
+        : RankedWord(word, knownWords, repeatCollapseVariants(mirvane::text::lowercased(word))) {}
 
     ComparedText text;
     bool isKnown;

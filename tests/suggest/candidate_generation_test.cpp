@@ -44,6 +44,37 @@ TEST(RepeatCollapseVariants, StartWithTheWordAndTakeTheSingleLetterFirst) {
   EXPECT_THAT(repeatCollapseVariants("xéé"), ElementsAre("xéé", "xé"));
 }
 
+TEST(RepeatCollapseVariants, CombineUpToEightChoices) {
+  const auto variants = repeatCollapseVariants("aabbhhiikkuuwwyy");
+  ASSERT_EQ(variants.size(), 256U);  // the word is one of them
+  EXPECT_EQ(variants[1], "abhikuwy");
+  EXPECT_EQ(variants[2], "abhikuwyy");
+  EXPECT_EQ(variants[128], "abbhhiikkuuwwyy");
+  EXPECT_EQ(variants[129], "aabhikuwy");
+  EXPECT_EQ(variants.back(), "aabbhhiikkuuwwy");
+  // Runs without a choice do not count.
+  EXPECT_EQ(repeatCollapseVariants("aallbbeehhooiirrkkttuunnwwppyyy").size(), 257U);
+}
+
+TEST(RepeatCollapseVariants, AreOnlyTheExtremesWithMoreChoices) {
+  EXPECT_THAT(repeatCollapseVariants("aabbhhiikkuuwwyyvv"),
+              ElementsAre("aabbhhiikkuuwwyyvv", "abhikuwyv"));
+  EXPECT_THAT(repeatCollapseVariants("aaabbhhiikkuuwwyyvveet"),
+              ElementsAre("aaabbhhiikkuuwwyyvveet", "abhikuwyveet", "aabbhhiikkuuwwyyvveet"));
+}
+
+TEST(RepeatCollapseVariants, TakeAnyLengthOfWord) {
+  std::string mashed, single, twice;
+  while (mashed.size() < 500'000) {
+    mashed += "xxxyyy";
+    single += "xy";
+    twice += "xxyy";
+  }
+  EXPECT_TRUE(repeatCollapseVariants(mashed) == Texts({mashed, single, twice}));
+  EXPECT_THAT(repeatCollapseVariants(std::string(500'000, 'a')),
+              ElementsAre(testing::SizeIs(500'000), "a", "aa"));
+}
+
 struct Row {
   const char* word;
   Script script;
