@@ -3,6 +3,7 @@
 #include <unicode/bytestream.h>
 #include <unicode/normalizer2.h>
 
+#include "text/icu_status.h"
 #include "text/scalars.h"
 
 namespace mirvane::text {
@@ -17,9 +18,11 @@ std::string canonicalForm(std::string_view text) {
   if (isAscii(text)) return std::string(text);
   UErrorCode status = U_ZERO_ERROR;
   const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status);
+  expectSuccess(status, "normal form");
   std::string result;
   icu::StringByteSink<std::string> sink(&result);
   nfc->normalizeUTF8(0, text, sink, nullptr, status);
+  expectSuccess(status, "normal form of a text");
   return result;
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+// May be called from any thread at any time: nothing is shared.
 namespace mirvane::text {
 
 /// Equality of texts as people see them: canonically equivalent Unicode strings are equal.

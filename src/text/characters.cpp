@@ -6,17 +6,19 @@
 #include <memory>
 
 #include "text/canonical.h"
+#include "text/icu_status.h"
 #include "text/scalars.h"
 
 namespace mirvane::text {
 namespace {
 
-/// The iterator is costly to make and cheap to point at another text, so one is kept.
+/// The iterator is costly to make and cheap to point at another text, so each thread keeps one.
 icu::BreakIterator& characterIterator() {
-  static const std::unique_ptr<icu::BreakIterator> iterator = [] {
+  thread_local const std::unique_ptr<icu::BreakIterator> iterator = [] {
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<icu::BreakIterator> made(
         icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    expectSuccess(status, "character boundaries");
     return made;
   }();
   return *iterator;
@@ -28,11 +30,13 @@ class CharacterBoundaries {
     UErrorCode status = U_ZERO_ERROR;
     utext_openUTF8(&utext_, text.data(), static_cast<std::int64_t>(text.size()), &status);
     iterator_.setText(&utext_, status);
+    expectSuccess(status, "a text's characters");
   }
   explicit CharacterBoundaries(std::u16string_view text) : iterator_(characterIterator()) {
     UErrorCode status = U_ZERO_ERROR;
     utext_openUChars(&utext_, text.data(), static_cast<std::int64_t>(text.size()), &status);
     iterator_.setText(&utext_, status);
+    expectSuccess(status, "a text's characters");
   }
   CharacterBoundaries(const CharacterBoundaries&) = delete;
   CharacterBoundaries& operator=(const CharacterBoundaries&) = delete;

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+// May be called from any thread at any time: nothing is shared.
 namespace mirvane::text {
 
 /// The user-perceived characters (extended grapheme clusters, UAX #29) of a text, in order.

@@ -5,13 +5,15 @@
 #include <string>
 #include <string_view>
 
+// May be called from any thread at any time, as long as nobody changes the environment.
 namespace mirvane::text {
 
 /// An absolute instant.
 using DateTime = std::chrono::system_clock::time_point;
 
-/// Medium date and short time in the user's locale and time zone: "Nov 16, 2026, 8:10 PM".
-/// Unusual spaces of the locale's pattern come out as plain ones.
+/// Medium date and short time in the user's locale and time zone: "Nov 16, 2026, 8:10 PM". The
+/// locale is that of LC_ALL, LC_TIME or LANG, and English when none of them names one. Unusual
+/// spaces of the locale's pattern come out as plain ones.
 [[nodiscard]] std::string mediumDateShortTime(DateTime instant);
 
 /// 24-hour "HH:mm:ss" in the user's time zone, whatever the locale.

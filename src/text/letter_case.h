@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+// May be called from any thread at any time: nothing is shared.
 namespace mirvane::text {
 
 /// Full Unicode lower case, scalar by scalar: locale-independent, and without the rule that gives

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+// May be called from any thread at any time: nothing is shared.
 namespace mirvane::text {
 
 /// U+FFFD, what an ill-formed piece of UTF-8 or UTF-16 decodes to.

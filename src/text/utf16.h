@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+// May be called from any thread at any time: nothing is shared.
 namespace mirvane::text {
 
 /// Length in UTF-16 code units: a scalar outside the basic plane counts two.

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+// May be called from any thread at any time: nothing is shared.
 namespace mirvane::text {
 
 /// A fixed set of Unicode scalars.
