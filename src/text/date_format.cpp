@@ -5,8 +5,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstdlib>
 #include <memory>
 
+#include "text/icu_status.h"
 #include "text/scalars.h"
 
 namespace mirvane::text {
@@ -32,8 +35,32 @@ std::string formatted(const icu::DateFormat& format, DateTime instant) {
 std::string formatted(const char* pattern, DateTime instant, const icu::TimeZone& zone) {
   UErrorCode status = U_ZERO_ERROR;
   icu::SimpleDateFormat format(icu::UnicodeString(pattern), icu::Locale::getRoot(), status);
+  expectSuccess(status, "date format");
   format.setTimeZone(zone);
   return formatted(format, instant);
+}
+
+/// The name of the locale that POSIX has for dates: the first of these that is set to something.
+std::string nameOfDateLocale() {
+  for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+    const char* const value = std::getenv(variable);
+    if (value != nullptr && *value != '\0') return value;
+  }
+  return {};
+}
+
+bool hasDates(const icu::Locale& locale) {
+  std::int32_t count = 0;
+  const icu::Locale* const available = icu::DateFormat::getAvailableLocales(count);
+  return std::any_of(available, available + count, [&](const icu::Locale& other) {
+    return std::string_view(other.getLanguage()) == locale.getLanguage();
+  });
+}
+
+/// English when the name is empty, "C", "POSIX" or no language that ICU knows.
+icu::Locale localeOfDates() {
+  const auto locale = icu::Locale::createCanonical(nameOfDateLocale().c_str());
+  return hasDates(locale) ? locale : icu::Locale::getUS();
 }
 
 /// Some locales put a narrow no-break space before AM and PM; a plain-text reader wants a space.
@@ -58,8 +85,9 @@ bool startsLikeIso8601(std::string_view text) {
 }  // namespace
 
 std::string mediumDateShortTime(DateTime instant) {
-  const std::unique_ptr<icu::DateFormat> format(
-      icu::DateFormat::createDateTimeInstance(icu::DateFormat::kMedium, icu::DateFormat::kShort));
+  const std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createDateTimeInstance(
+      icu::DateFormat::kMedium, icu::DateFormat::kShort, localeOfDates()));
+  if (!format) expectSuccess(U_MISSING_RESOURCE_ERROR, "date format");
   return withPlainSpaces(formatted(*format, instant));
 }
 
@@ -81,6 +109,7 @@ std::optional<DateTime> parseIso8601(std::string_view text) {
   for (const char* pattern : {"yyyy-MM-dd'T'HH:mm:ssXXX", "yyyy-MM-dd'T'HH:mm:ss.SSSXXX"}) {
     UErrorCode status = U_ZERO_ERROR;
     icu::SimpleDateFormat format(icu::UnicodeString(pattern), icu::Locale::getRoot(), status);
+    expectSuccess(status, "date format");
     format.setLenient(false);
     const auto source = icu::UnicodeString::fromUTF8(
         icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));

@@ -21,6 +21,24 @@ TEST(DateFormat, ShowsTheUsersLocaleAndTimeZone) {
   EXPECT_EQ(clockTime(evening + std::chrono::hours(3)), "00:10:58") << "the day after";
 }
 
+TEST(DateFormat, FollowsTheVariablesOfPosix) {
+  struct Row {
+    const char *all, *time, *lang, *date;
+  };
+  const char *german = "16.11.2026, 21:10", *english = "Nov 16, 2026, 9:10 PM";
+  for (const auto& [all, time, lang, date] :
+       {Row{"de_DE.UTF-8", "en_US", "en_US", german}, Row{"", "de_DE@euro", "en_US", german},
+        Row{"", "en_US.UTF-8", "de_DE", english}, Row{"", "", "de", german},
+        Row{"", "", "", english}, Row{"C.UTF-8", "de_DE", "de_DE", english},
+        Row{"", "POSIX", "de_DE", english}, Row{"", "", "not a locale", english}}) {
+    setenv("LC_ALL", all, 1);
+    setenv("LC_TIME", time, 1);
+    setenv("LANG", lang, 1);
+    EXPECT_EQ(mediumDateShortTime(evening), date) << all << ' ' << time << ' ' << lang;
+  }
+  setenv("LC_ALL", "de_DE.UTF-8", 1);
+}
+
 TEST(DateFormat, WritesUtcForMachines) {
   EXPECT_EQ(iso8601(evening + milliseconds(999)), "2026-11-16T20:10:58Z");
   EXPECT_EQ(iso8601Milliseconds(evening + milliseconds(7)), "2026-11-16T20:10:58.007Z");
