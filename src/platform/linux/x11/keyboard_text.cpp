@@ -13,8 +13,16 @@
 namespace mirvane {
 namespace {
 
-std::string nonEmpty(const char* text, int length) {
-  return length > 0 ? std::string(text, static_cast<std::size_t>(length)) : std::string();
+/// What `write` writes into a buffer of a given size; it returns the length it wants to write,
+/// which may be any.
+template <typename Write>
+std::string written(Write write) {
+  const int length = write(nullptr, std::size_t{0});
+  if (length <= 0) return {};
+  std::string text(static_cast<std::size_t>(length) + 1, '\0');
+  write(text.data(), text.size());
+  text.pop_back();
+  return text;
 }
 
 void copyModifiers(xkb_state& from, xkb_state& to) {
@@ -109,20 +117,18 @@ std::optional<std::string> KeyboardText::press(std::uint32_t scanCode) {
 }
 
 std::string KeyboardText::composedText() const {
-  constexpr std::size_t longest = 64;
-  std::string text(longest, '\0');
-  const int length = xkb_compose_state_get_utf8(compose_.get(), text.data(), text.size());
-  return nonEmpty(text.c_str(), length);
+  return written([this](char* buffer, std::size_t size) {
+    return xkb_compose_state_get_utf8(compose_.get(), buffer, size);
+  });
 }
 
 std::optional<std::string> KeyboardText::textOf(std::uint32_t scanCode) {
   reloadIfStale();
   if (!state_) return std::nullopt;
   if (xkb_state_key_get_one_sym(state_.get(), scanCode) == XKB_KEY_BackSpace) return "\x7F";
-  constexpr std::size_t longest = 16;
-  std::string buffer(longest, '\0');
-  const int length = xkb_state_key_get_utf8(state_.get(), scanCode, buffer.data(), buffer.size());
-  auto text = nonEmpty(buffer.c_str(), length);
+  auto text = written([&](char* buffer, std::size_t size) {
+    return xkb_state_key_get_utf8(state_.get(), scanCode, buffer, size);
+  });
   if (text.empty()) return std::nullopt;
   return text;
 }

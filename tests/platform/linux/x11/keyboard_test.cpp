@@ -4,12 +4,16 @@
 #include <chrono>
 #include <clocale>
 #include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <future>
 #include <optional>
 #include <utility>
 
 #include "platform/linux/x11/key_typist.h"
 #include "platform/linux/x11/keyboard_hold.h"
+#include "platform/linux/x11/keyboard_text.h"
 #include "platform/linux/x11/keyboard_watch.h"
 #include "x_desk.h"
 
@@ -411,6 +415,17 @@ TEST_F(X11KeyboardTest, LeavesNoKeyDown) {
   EXPECT_EQ(desk.state(), KeyboardState());
   send({-keyA});
   EXPECT_EQ(desk.state(), KeyboardState());
+}
+
+TEST_F(X11KeyboardTest, ComposesTextsOfAnyLength) {
+  const std::string composed(200, 'x');
+  const auto path = std::filesystem::path(testing::TempDir()) / "long.compose";
+  std::ofstream(path) << "<a> <b> : \"" << composed << "\"\n";
+  setenv("XCOMPOSEFILE", path.c_str(), 1);
+  KeyboardText text(watchDisplay.get());
+  unsetenv("XCOMPOSEFILE");
+  EXPECT_EQ(text.press(keyA), std::nullopt);
+  EXPECT_EQ(text.press(keyB), composed);
 }
 
 }  // namespace
