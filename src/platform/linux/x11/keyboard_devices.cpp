@@ -33,6 +33,10 @@ std::vector<int> hardwareKeyboards(Display* display) {
   });
 }
 
+std::vector<int> enabledDevices(Display* display) {
+  return devicesThat(display, [](const XIDeviceInfo& device) { return device.enabled != 0; });
+}
+
 std::vector<int> syntheticKeyboards(Display* display) {
   return devicesThat(display, [](const XIDeviceInfo& device) {
     return device.use == XISlaveKeyboard && isSynthetic(device);

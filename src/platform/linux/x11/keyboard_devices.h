@@ -11,6 +11,9 @@ namespace mirvane {
 /// Those with keys of their own; without those that are held back just then.
 [[nodiscard]] std::vector<int> hardwareKeyboards(_XDisplay* display);
 
+/// Every device that is enabled, keyboards that are grabbed included.
+[[nodiscard]] std::vector<int> enabledDevices(_XDisplay* display);
+
 /// Those through which programs type over XTEST.
 [[nodiscard]] std::vector<int> syntheticKeyboards(_XDisplay* display);
 

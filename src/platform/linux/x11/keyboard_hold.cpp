@@ -4,6 +4,7 @@
 #include <X11/extensions/XInput2.h>
 #include <X11/extensions/XTest.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -39,6 +40,7 @@ KeyboardHold::~KeyboardHold() {
 void KeyboardHold::noteKeyboardsChanged() {
   // Nobody tells of the release of a key whose keyboard is gone.
   releaseAll();
+  ungrabReenabled();
   reloadKeyboards();
 }
 
@@ -47,7 +49,7 @@ void KeyboardHold::releaseAll() {
 }
 
 void KeyboardHold::reloadKeyboards() {
-  if (!grabbed_.empty()) return;
+  if (depth_ > 0) return;
   keyboards_ = hardwareKeyboards(display_.get());
 }
 
@@ -87,14 +89,33 @@ void KeyboardHold::giveBack(std::uint64_t window) {
   const bool isSameWindow =
       inputFocus(display_.get()) == focus_ || isFocused(display_.get(), window);
   typeHeldKeys(isSameWindow);
-  for (const int keyboard : grabbed_) XIUngrabDevice(display_.get(), keyboard, CurrentTime);
-  grabbed_.clear();
+  ungrab();
   // What came between the last look and the end of the grab: nothing may take long there, as the
   // keys that follow overtake these.
   typeHeldKeys(isSameWindow);
   XUngrabServer(display_.get());
   XFlush(display_.get());
   reloadKeyboards();
+}
+
+void KeyboardHold::ungrab() {
+  // A keyboard that is grabbed floats: it is no slave of the master meanwhile.
+  const auto enabled = enabledDevices(display_.get());
+  std::erase_if(grabbed_, [&](int keyboard) {
+    if (std::find(enabled.begin(), enabled.end(), keyboard) == enabled.end()) return false;
+    XIUngrabDevice(display_.get(), keyboard, CurrentTime);
+    return true;
+  });
+}
+
+void KeyboardHold::ungrabReenabled() {
+  if (depth_ > 0 || grabbed_.empty()) return;
+  XGrabServer(display_.get());
+  ungrab();
+  // Its keys have gone to the application as well.
+  (void)takeHeldKeys();
+  XUngrabServer(display_.get());
+  XFlush(display_.get());
 }
 
 void KeyboardHold::dropTyping(std::deque<HeldKey>& keys) {

@@ -53,6 +53,12 @@ class KeyboardHold {
 
   void releaseAll();
   void reloadKeyboards();
+  /// Ends the grabs of the keyboards that are enabled: a server that is asked to end that of a
+  /// disabled one crashes. To be called while the server is grabbed, so that none is disabled
+  /// meanwhile.
+  void ungrab();
+  /// A keyboard that was disabled while it was held back is still grabbed when it comes back.
+  void ungrabReenabled();
   [[nodiscard]] std::deque<HeldKey> takeHeldKeys();
   void typeHeldKeys(bool isSameWindow);
   static void dropTyping(std::deque<HeldKey>& keys);
@@ -62,9 +68,9 @@ class KeyboardHold {
   PostedKeys& posted_;
   int inputOpcode_ = 0;
   int depth_ = 0;
-  std::vector<int> keyboards_;         ///< device ids
-  std::vector<int> grabbed_;           ///< those of them that are held back now
-  unsigned long focus_ = 0;            ///< what had the keyboard focus when that began
+  std::vector<int> keyboards_;  ///< device ids
+  std::vector<int> grabbed_;  ///< those of them that are held back, or were when they were disabled
+  unsigned long focus_ = 0;   ///< what had the keyboard focus when that began
   std::set<std::uint32_t> stillDown_;  ///< given back, and not released by the participant yet
 };
 

@@ -417,6 +417,28 @@ TEST_F(X11KeyboardTest, LeavesNoKeyDown) {
   EXPECT_EQ(desk.state(), KeyboardState());
 }
 
+TEST_F(X11KeyboardTest, LetsGoOfAKeyboardThatIsDisabledWhileItIsHeldBack) {
+  hold.holdBack();
+  desk.sendSoon({keyA, -keyA});
+  desk.setKeyboardEnabled(false);
+  hold.giveBack(desk.field());
+  sync(holdDisplay);  // a server that has crashed ends this program
+  handOver();
+  desk.setKeyboardEnabled(true);
+  handOver();
+  (void)desk.takeText();
+  send(strokes({keyB}));
+  EXPECT_EQ(desk.takeText(), "b");
+  hold.holdBack();
+  send(strokes({keyC}));
+  EXPECT_EQ(desk.takeText(), "") << "the keyboard is held back again";
+  hold.giveBack(desk.field());
+  handOver();
+  EXPECT_EQ(desk.takeText(), "c");
+  send(strokes({keyA}));
+  EXPECT_EQ(desk.takeText(), "a") << "and given back";
+}
+
 TEST_F(X11KeyboardTest, ComposesTextsOfAnyLength) {
   const std::string composed(200, 'x');
   const auto path = std::filesystem::path(testing::TempDir()) / "long.compose";

@@ -1,6 +1,7 @@
 #include "x_desk.h"
 
 #include <X11/XKBlib.h>
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XInput.h>
@@ -104,6 +105,14 @@ std::uint64_t XDesk::openWindow() const {
   XSetClassHint(display, window, &hint);
   XMapWindow(display, window);
   return window;
+}
+
+void XDesk::setKeyboardEnabled(bool isEnabled) {
+  Display* const display = hands_.get();
+  const Atom property = XInternAtom(display, "Device Enabled", False);
+  unsigned char value = isEnabled ? 1 : 0;
+  XIChangeProperty(display, keyboard_, property, XA_INTEGER, 8, PropModeReplace, &value, 1);
+  XSync(display, False);
 }
 
 void XDesk::focus(std::uint64_t window) {

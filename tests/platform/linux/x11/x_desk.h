@@ -67,6 +67,9 @@ class XDesk {
   /// The same from another program, over XTEST.
   void post(const std::vector<int>& keys);
 
+  /// As `xinput disable` does, or a switch to another log-in.
+  void setKeyboardEnabled(bool isEnabled);
+
   static constexpr unsigned leftButton = 1, wheelUp = 4;
   void click(unsigned button);
 
