@@ -12,15 +12,17 @@
 namespace mirvane::text {
 namespace {
 
+std::unique_ptr<icu::BreakIterator> makeCharacterIterator() {
+  UErrorCode status = U_ZERO_ERROR;
+  std::unique_ptr<icu::BreakIterator> iterator(
+      icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+  expectSuccess(status, "character boundaries");
+  return iterator;
+}
+
 /// The iterator is costly to make and cheap to point at another text, so each thread keeps one.
 icu::BreakIterator& characterIterator() {
-  thread_local const std::unique_ptr<icu::BreakIterator> iterator = [] {
-    UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::BreakIterator> made(
-        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    expectSuccess(status, "character boundaries");
-    return made;
-  }();
+  thread_local const auto iterator = makeCharacterIterator();
   return *iterator;
 }
 
