@@ -49,6 +49,7 @@ class Closing(StudyTest):
 
     def test_closing_the_question_stays(self):
         self.keyboard.type("helo ")
+        self.study.await_text("hello ")
         self.close_window()
         self.study.close_window()  # the question is the newest window
         self.study.await_absence("Stay")
@@ -60,19 +61,26 @@ class Closing(StudyTest):
         self.assertTrue(self.study.is_running)
         self.assertEqual(self.study.text(), "hello ")
 
-    def test_signals_end_it_properly_also_while_it_asks(self):
+    def test_signals_end_it_properly_also_while_it_asks_and_the_typing_is_kept(self):
+        text = ""
         for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
             with self.subTest(number.name):
-                self.keyboard.type("helo ")
-                self.study.await_text("hello ")
+                self.keyboard.type("she ")
+                text += "she "
+                self.study.await_text(text)
                 if number == signal.SIGINT:
                     self.close_window()
                 os.kill(self.study.pid, number)
                 self.assertEqual(self.await_end(), 128 + number)
-            # What runs in a shell's background ignores SIGINT, and so does what it starts.
-            self.study = Study(inside=["env", "--default-signal=INT"])
-            self.addCleanup(self.study.close)
-            self.study.go_to_session1()
+            self.go_on()
+            self.study.await_text(text)
+
+    def go_on(self):
+        # What runs in a shell's background ignores SIGINT, and so does what it starts.
+        self.study = Study(inside=["env", "--default-signal=INT"])
+        self.addCleanup(self.study.close)
+        self.study.click("Continue where you stopped")
+        self.study.await_focus("Type the sentence here")
 
 
 class Withdrawn(StudyTest):
