@@ -44,6 +44,13 @@ void apply(const QString& path, LoadedStudy& study) {
   if (problem) study.problems << QStringLiteral("%1: %2").arg(path, *problem);
 }
 
+void warnOfMissingRecord(LoadedStudy& study) {
+  if (!study.configuration.keepsSessionRecord) return;
+  study.warnings << tr(
+      "The study file asks for a session record, which this version does not "
+      "write yet. Only the report will be saved.");
+}
+
 void warnOfPlaceholder(LoadedStudy& study) {
   if (study.configuration.contactAddress != QLatin1String(placeholderAddress)) return;
   study.warnings << tr("The results will be sent to %1, which is only an example. Set the study "
@@ -70,6 +77,7 @@ LoadedStudy loadStudy(const Bundle& bundle, const std::optional<std::filesystem:
     apply(*deployed, study);
   }
   if (participant) study.configuration.participant = *participant;
+  warnOfMissingRecord(study);
   warnOfPlaceholder(study);
   return study;
 }

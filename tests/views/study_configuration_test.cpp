@@ -160,6 +160,14 @@ TEST(StudyConfiguration, APipeInThePlaceOfTheFileIsNotWaitedFor) {
   EXPECT_EQ(loadStudy(bundle).problems.size(), 1);
 }
 
+TEST(StudyConfiguration, WarnsOfARecordThatIsNotWrittenYet) {
+  simulated::InMemoryBundle bundle;
+  bundle.add("study.json",
+             R"({"contactAddress": "team@study.example", "keepSessionRecord": true})");
+  ASSERT_EQ(loadStudy(bundle).warnings.size(), 1);
+  EXPECT_TRUE(loadStudy(bundle).warnings.front().contains(QLatin1String("session record")));
+}
+
 TEST(StudyConfiguration, WarnsOfTheExampleAddress) {
   simulated::InMemoryBundle bundle;
   bundle.add("study.json", R"({"contactAddress": "study@mirvane.example"})");
