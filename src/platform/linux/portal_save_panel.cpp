@@ -80,7 +80,7 @@ bool isOffered(const QDBusConnection& bus) {
          bus.interface()->activatableServiceNames().value().contains(name);
 }
 
-/// Where the specification of portals has the request of this call.
+/// Where portals keep the request of this call.
 QString expectedRequest(const QDBusConnection& bus, const QString& token) {
   const QString sender = bus.baseService().mid(1).replace(u'.', u'_');
   return QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token);
