@@ -4,6 +4,8 @@
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/simulated/key_layout.h"
 #include "session/study_prompts.h"
@@ -28,8 +30,7 @@ void press(benchmark::State& state, simulated::Desktop& desktop, const simulated
 }
 
 /// A sentence with errors of every kind; one iteration is one key.
-void oneKey(benchmark::State& state) {
-  SimulatedSession session(shipped().typingConfig(), shipped().language());
+void typeSentence(benchmark::State& state, SimulatedSession& session) {
   const std::string text =
       "Teh qiuck brwn foox jumps ovr the lzay dog. She seells sea shlls by teh sea shoer. ";
   std::size_t position = 0;
@@ -38,7 +39,22 @@ void oneKey(benchmark::State& state) {
     press(state, session.desktop(), *simulated::keyStrokeFor(std::string(1, character)));
   }
 }
+
+void oneKey(benchmark::State& state) {
+  SimulatedSession session(shipped().typingConfig(), shipped().language());
+  typeSentence(state, session);
+}
 BENCHMARK(oneKey)->Iterations(20000);
+
+/// The same for a participant with many allowed words.
+void oneKeyWithAllowedWords(benchmark::State& state) {
+  SimulatedSession session(shipped().typingConfig(), shipped().language());
+  std::vector<std::string> words;
+  for (int i = 0; i < 10'000; ++i) words.push_back("name" + std::to_string(i));
+  session.settings().setAllowList(std::move(words));
+  typeSentence(state, session);
+}
+BENCHMARK(oneKeyWithAllowedWords)->Iterations(20000);
 
 /// The last letter of a word with eight doubled letters, which stands for 256 words.
 void lastKeyOfWorstWord(benchmark::State& state) {

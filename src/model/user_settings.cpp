@@ -5,6 +5,7 @@
 
 #include "text/canonical.h"
 #include "text/letter_case.h"
+#include "text/scalars.h"
 
 namespace mirvane {
 namespace {
@@ -53,6 +54,12 @@ std::optional<std::vector<std::string>> asStrings(const std::optional<DefaultsVa
   return strings;
 }
 
+/// The same for all texts that are equal but for letter case.
+std::string formIgnoringCase(std::string_view word) {
+  auto lower = text::lowercased(word);
+  return text::isAscii(lower) ? lower : text::canonicalForm(lower);
+}
+
 }  // namespace
 
 UserSettings::UserSettings(UserDefaults& defaults, const Workspace& workspace)
@@ -61,7 +68,7 @@ UserSettings::UserSettings(UserDefaults& defaults, const Workspace& workspace)
   const auto enabled = defaults_.object(autoCorrectionKey);
   isAutoCorrectionEnabled_.set(enabled && asBoolean(*enabled));
 
-  allowList_.set(asStrings(defaults_.object(allowListKey)).value_or(std::vector<std::string>{}));
+  keepAllowList(asStrings(defaults_.object(allowListKey)).value_or(std::vector<std::string>{}));
 
   if (!defaults_.object(disabledAppsKey)) {
     defaults_.set(disabledAppsKey, toDefaults(defaultDisabledApps()));
@@ -77,6 +84,12 @@ void UserSettings::setIsAutoCorrectionEnabled(bool enabled) {
 
 void UserSettings::setAllowList(std::vector<std::string> words) {
   defaults_.set(allowListKey, toDefaults(words));
+  keepAllowList(std::move(words));
+}
+
+void UserSettings::keepAllowList(std::vector<std::string> words) {
+  allowedForms_.clear();
+  for (const auto& word : words) allowedForms_.insert(formIgnoringCase(word));
   allowList_.set(std::move(words));
 }
 
@@ -86,9 +99,7 @@ void UserSettings::setDisabledAppBundleIDs(std::vector<std::string> identifiers)
 }
 
 bool UserSettings::isAllowListed(std::string_view word) const {
-  return std::any_of(allowList_->begin(), allowList_->end(), [&](const std::string& entry) {
-    return text::equalIgnoringCase(entry, word);
-  });
+  return !allowedForms_.empty() && allowedForms_.count(formIgnoringCase(word)) > 0;
 }
 
 bool UserSettings::isFrontmostAppDisabled() const {

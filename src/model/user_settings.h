@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "observation/observable.h"
@@ -62,10 +63,14 @@ class UserSettings {
   }
 
  private:
+  void keepAllowList(std::vector<std::string> words);
+
   UserDefaults& defaults_;
   const Workspace& workspace_;
   Observable<bool> isAutoCorrectionEnabled_{true};
   Observable<std::vector<std::string>> allowList_;
+  /// The same for the many look-ups of a key press.
+  std::unordered_set<std::string> allowedForms_;
   Observable<std::vector<std::string>> disabledAppBundleIDs_;
 };
 

@@ -5,6 +5,7 @@
 
 #include "platform/simulated/in_memory_user_defaults.h"
 #include "platform/simulated/in_memory_workspace.h"
+#include "text/letter_case.h"
 
 namespace mirvane {
 namespace {
@@ -95,6 +96,23 @@ TEST_F(UserSettingsTest, AllowWordsInAnyLetterCase) {
     EXPECT_TRUE(settings.isAllowListed(word)) << word;
   }
   for (const char* word : {"hello", "ete", "👩", ""}) EXPECT_FALSE(settings.isAllowListed(word));
+}
+
+TEST_F(UserSettingsTest, AllowWhatEqualsAnEntryIgnoringCase) {
+  auto settings = launched();
+  const std::vector<std::string> words{"",        "K",       "\u212A", "k",      "\u00C5",
+                                       "A\u030A", "a\u030a", ";",      "\u037E", "\u0130",
+                                       "i\u0307", "I",       "i",      "\u03A3", "\u03C2",
+                                       "\u03C3",  "\xFF",    "\xFE",   "\uFFFD"};
+  for (const auto& entry : words) {
+    settings.setAllowList({"other", entry});
+    for (const auto& word : words) {
+      EXPECT_EQ(settings.isAllowListed(word), text::equalIgnoringCase(entry, word))
+          << entry << ' ' << word;
+    }
+  }
+  settings.setAllowList({});
+  EXPECT_FALSE(settings.isAllowListed("i"));
 }
 
 TEST_F(UserSettingsTest, DisableApplicationsByTheirExactIdentifier) {
