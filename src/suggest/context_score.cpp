@@ -42,7 +42,7 @@ double ContextScore::contextScore(std::string_view candidate, const ContextSigna
 }
 
 double ContextScore::unigramScore(std::string_view candidate) const {
-  return unigramWeight * vocabulary_.unigrams.weight(text::lowercased(candidate));
+  return unigramWeight * vocabulary_.unigramTable.weight(text::lowercased(candidate));
 }
 
 double ContextScore::bigramScore(std::string_view candidate, const ContextSignals& context) const {
@@ -53,7 +53,7 @@ double ContextScore::bigramScore(std::string_view candidate, const ContextSignal
 }
 
 double ContextScore::pairWeight(std::string_view first, std::string_view second) const {
-  return vocabulary_.bigrams.weight(text::lowercased(first) + ' ' + text::lowercased(second));
+  return vocabulary_.bigramTable.weight(text::lowercased(first) + ' ' + text::lowercased(second));
 }
 
 double ContextScore::posScore(std::string_view candidate, const ContextSignals& context) const {

@@ -14,8 +14,8 @@ namespace mirvane {
 class ContextScore {
  public:
   struct Vocabulary {
-    VocabularyTable unigrams;  ///< by lower-case word
-    VocabularyTable bigrams;   ///< by two lower-case words with one space between
+    VocabularyTable unigramTable;  ///< by lower-case word
+    VocabularyTable bigramTable;   ///< by two lower-case words with one space between
   };
 
   /// `embedding` may be null: the platform has none. Everything else must outlive this object.
