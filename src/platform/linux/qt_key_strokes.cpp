@@ -16,21 +16,12 @@ _XDisplay* xDisplay() {
   return x11 != nullptr ? x11->display() : nullptr;
 }
 
-/// Delivers the event again, marked as a repeat, which nobody can do to the event itself.
-void deliverAsRepeat(QObject& receiver, QKeyEvent& event) {
-  QKeyEvent repeat(event.type(), event.key(), event.modifiers(), event.nativeScanCode(),
-                   event.nativeVirtualKey(), event.nativeModifiers(), event.text(), true,
-                   static_cast<quint16>(event.count()), event.device());
-  repeat.setTimestamp(event.timestamp());
-  QCoreApplication::sendEvent(&receiver, &repeat);
-  event.setAccepted(repeat.isAccepted());
-}
-
 }  // namespace
 
 QtKeyStrokes::QtKeyStrokes() {
-  // Where the server cannot, the toolkit guesses which releases are repeats. Wayland has none.
-  if (auto* const display = xDisplay()) (void)askForReleasesOfStrokesOnly(display);
+  if (auto* const display = xDisplay()) {
+    serverTellsReleases_ = askForReleasesOfStrokesOnly(display);
+  }
   connect(qApp, &QGuiApplication::applicationStateChanged, this,
           [this](Qt::ApplicationState state) {
             if (state == Qt::ApplicationActive) forgetKeysLetGoElsewhere();
@@ -56,15 +47,20 @@ bool QtKeyStrokes::nativeEventFilter(const QByteArray& eventType, void* message,
 }
 
 bool QtKeyStrokes::eventFilter(QObject* receiver, QEvent* event) {
-  if (!receiver->isWindowType()) return false;
+  if (!receiver->isWindowType() || event == delivered_) return false;
   switch (event->type()) {
     case QEvent::KeyPress:
       return handlePress(*receiver, static_cast<QKeyEvent&>(*event));
     case QEvent::KeyRelease:
-      return handleRelease(static_cast<const QKeyEvent&>(*event));
+      return handleRelease(*receiver, static_cast<QKeyEvent&>(*event));
     default:
       return false;
   }
+}
+
+bool QtKeyStrokes::isGuessedRepeat(const QKeyEvent& event) const {
+  // On X11 the toolkit takes a key struck again within a millisecond for a repeat.
+  return event.isAutoRepeat() && !serverTellsReleases_;
 }
 
 bool QtKeyStrokes::handlePress(QObject& receiver, QKeyEvent& event) {
@@ -72,22 +68,34 @@ bool QtKeyStrokes::handlePress(QObject& receiver, QKeyEvent& event) {
   if (scanCode == 0 || isModifierKeyCode(virtualKeyCode(scanCode))) return false;
   const auto held = held_.find(scanCode);
   if (held == held_.end()) {
+    if (isGuessedRepeat(event)) return false;
     auto* const control = QApplication::focusWidget();
-    if (!event.isAutoRepeat()) held_[scanCode] = {&receiver, control, control != nullptr};
-    return false;
+    held_[scanCode] = {&receiver, control, control != nullptr};
+    return deliver(receiver, event, false);
   }
   Origin& origin = held->second;
   origin.isLeft = origin.isLeft || !origin.isStillThere(&receiver);
-  if (origin.isLeft) return true;
-  if (event.isAutoRepeat()) return false;
-  deliverAsRepeat(receiver, event);
-  return true;
+  return origin.isLeft || deliver(receiver, event, true);
 }
 
-bool QtKeyStrokes::handleRelease(const QKeyEvent& event) {
-  if (event.isAutoRepeat()) return true;
+bool QtKeyStrokes::handleRelease(QObject& receiver, QKeyEvent& event) {
+  if (isGuessedRepeat(event)) return true;
   held_.erase(event.nativeScanCode());
-  return false;
+  return deliver(receiver, event, false);
+}
+
+/// Whether it has delivered the event itself, because nobody can correct the mark of the event.
+bool QtKeyStrokes::deliver(QObject& receiver, QKeyEvent& event, bool isRepeat) {
+  if (event.isAutoRepeat() == isRepeat) return false;
+  QKeyEvent corrected(event.type(), event.key(), event.modifiers(), event.nativeScanCode(),
+                      event.nativeVirtualKey(), event.nativeModifiers(), event.text(), isRepeat,
+                      static_cast<quint16>(event.count()), event.device());
+  corrected.setTimestamp(event.timestamp());
+  delivered_ = &corrected;
+  QCoreApplication::sendEvent(&receiver, &corrected);
+  delivered_ = nullptr;
+  event.setAccepted(corrected.isAccepted());
+  return true;
 }
 
 bool QtKeyStrokes::Origin::isStillThere(const QObject* receiver) const {

@@ -46,9 +46,13 @@ class QtKeyStrokes : public QObject, public QAbstractNativeEventFilter {
   };
 
   [[nodiscard]] bool handlePress(QObject& receiver, QKeyEvent& event);
-  [[nodiscard]] bool handleRelease(const QKeyEvent& event);
+  [[nodiscard]] bool handleRelease(QObject& receiver, QKeyEvent& event);
+  [[nodiscard]] bool isGuessedRepeat(const QKeyEvent& event) const;
+  [[nodiscard]] bool deliver(QObject& receiver, QKeyEvent& event, bool isRepeat);
   void forgetKeysLetGoElsewhere();
 
+  bool serverTellsReleases_ = false;
+  const QEvent* delivered_ = nullptr;                   ///< a corrected event on its way
   std::unordered_map<quint32, Origin> held_;            ///< by scan code
   std::unordered_map<quint32, quint32> nativeWindows_;  ///< where held keys went down, by scan code
 };
